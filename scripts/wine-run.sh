@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Runs one Windows program of the build under Wine; CMake uses it for tests. The display and the
+# server are those of the caller (test.sh keeps one of each).
+. "$(dirname "$0")/wine-env.sh"
+if [ ! -e "$tm_wine/.complete" ]; then
+    echo "no Wine prefix: source scripts/wine-env.sh and call tm_start_wine" >&2
+    exit 98
+fi
+export HOME=$tm_wine/home
+exec wine "$@"
