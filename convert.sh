@@ -1,0 +1,88 @@
+#!/usr/bin/env bash
+# Converts audio files with Tonemill under Wine, unattended, in a Wine prefix of its own.
+# Usage: ./convert.sh [--to ENCODER] [--out FOLDER] [--settings TEXT] [FILE...]
+#   --to        an encoder in build/Tonemill/encoder (default FLAC)
+#   --out       where the outputs go (default build/converted)
+#   --settings  the encoder's settings text, such as '-level="8"'
+# Without files it converts recordings that Debian's package alsa-utils brings.
+# Ends with 0 if every file was converted, 1 if one failed, 2 for a wrong call.
+set -euo pipefail
+root=$(cd "$(dirname "$0")" && pwd)
+encoder=FLAC out=$root/build/converted settings=
+files=()
+while [ $# -gt 0 ]; do
+    case $1 in
+    --to | --out | --settings)
+        [ $# -ge 2 ] || { echo "convert.sh: $1 wants a value" >&2; exit 2; }
+        case $1 in --to) encoder=$2 ;; --out) out=$2 ;; --settings) settings=$2 ;; esac
+        shift 2 ;;
+    -h | --help) sed -n '2,9s/^# \{0,1\}//p' "$0"; exit 0 ;;
+    --) shift; files+=("$@"); break ;;
+    -*) echo "convert.sh: unknown option $1" >&2; exit 2 ;;
+    *) files+=("$1"); shift ;;
+    esac
+done
+
+[ -n "${TM_SKIP_BUILD:-}" ] || "$root/build.sh"
+if [ ! -e "$root/build/Tonemill/encoder/$encoder.dll" ]; then
+    echo "convert.sh: no encoder '$encoder'; there are:" >&2
+    ls "$root/build/Tonemill/encoder" | sed -n 's/\.dll$//p' >&2
+    exit 2
+fi
+if [ ${#files[@]} = 0 ]; then
+    files=(/usr/share/sounds/alsa/*.wav)
+fi
+mkdir -p "$out"
+
+. "$root/scripts/wine-env.sh"
+mkdir -p "$tm_wine"
+exec 9>"$root/build/.convert.lock"
+flock 9 # the recipe in the registry is one per prefix
+[ -n "${TM_WINE_RUNNING:-}" ] || { tm_start_wine && trap tm_stop_wine EXIT; }
+
+# The prefix's drive Z: is the whole file system.
+windows_path() { printf 'Z:%s' "$(realpath -ms -- "$1")" | tr / '\\'; }
+registry_text() { printf '%s' "$1" | sed 's/[\\"]/\\&/g'; }
+
+job=$WINEPREFIX/drive_c/tonemill-job
+rm -rf "$job"
+mkdir -p "$job"
+for file in "${files[@]}"; do
+    printf '%s\r\n' "$(windows_path "$file")"
+done | iconv -f UTF-8 -t UTF-16LE >"$job/list.txt"
+
+# Batch Report gets the result list at the end of the batch and writes it to its file.
+chain='-dspeffect1="Batch Report=-file={qt}C:\tonemill-job\report.txt{qt}"'
+key='HKEY_CURRENT_USER\Software\Vantrel\Zephtone'
+{
+    printf 'Windows Registry Editor Version 5.00\n\n[%s]\n' "$key"
+    printf '"zTMSkipedFinish"=dword:00000001\n"zTM-NoDisplayError"=dword:00000001\n"zTM-DisplayInfo"=dword:00000000\n'
+    printf '\n[%s\\zTMCodec\\%s]\n' "$key" "$encoder"
+    printf '"ZTMUserFolder"=dword:00000001\n'
+    printf '"ZTMUserFolderStr"="%s"\n' "$(registry_text "$(windows_path "$out")")"
+    printf '"ZTMDynamicNaming"=""\n'
+    printf '"ZTMDSPEffects"="%s"\n' "$(registry_text "$chain")"
+    printf '"zTM_CLI"="%s"\n' "$(registry_text "$settings")"
+} | { printf '\xff\xfe'; iconv -f UTF-8 -t UTF-16LE; } >"$job/recipe.reg"
+# A .cmd file hands over the command line as it stands, quotes included.
+printf '@Tonemill.exe -list_to_conv="C:\\tonemill-job\\list.txt" -conv_to_format="%s" -skip_ready_to_conv\r\n' \
+    "$encoder" >"$job/run.cmd"
+
+cd "$root/build/Tonemill"
+tm_with_home wine regedit /S 'C:\tonemill-job\recipe.reg' </dev/null >/dev/null 2>&1
+tm_with_home wine cmd /c 'C:\tonemill-job\run.cmd' </dev/null >"$job/run.log" 2>&1 || true
+
+if [ ! -e "$job/report.txt" ]; then
+    echo "convert.sh: the batch ended without a report" >&2
+    exit 1
+fi
+converted=0 failed=0
+while IFS=$'\t' read -r state source target; do
+    source=${source#Z:} target=${target#Z:}
+    case $state in
+    ok) converted=$((converted + 1)); printf 'written  %s\n' "${target//\\//}" ;;
+    failed) failed=$((failed + 1)); printf 'failed   %s\n' "${source//\\//}" ;;
+    esac
+done < <(tr -d '\r' <"$job/report.txt")
+printf '%d converted, %d failed\n' "$converted" "$failed"
+[ "$failed" = 0 ] && [ "$converted" -gt 0 ]

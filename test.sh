@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Builds and runs every test: checks of the sources, the portable code natively under ASan and
+# UBSan, the Windows build under Wine, and real conversions end to end.
+# Usage: ./test.sh [ctest arguments, such as -R XString]
+set -euo pipefail
+cd "$(dirname "$0")"
+mkdir -p build
+started=$(date +%s)
+say() { printf '== %s (%d s)\n' "$1" $(($(date +%s) - started)); }
+
+say "building the Windows program and its tests"
+./build.sh all
+say "checking the sources"
+scripts/lint.sh
+say "building the portable code natively"
+cmake -S . -B build/native -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+    -DCMAKE_C_COMPILER=clang-14 -DCMAKE_CXX_COMPILER=clang++-14 >build/.configure-native.log 2>&1 ||
+    { cat build/.configure-native.log >&2; exit 1; }
+cmake --build build/native | { grep -E 'FAILED|error|warning' || true; } >&2
+
+result=0
+say "native tests under ASan and UBSan"
+ctest --test-dir build/native --output-on-failure --no-tests=error -j2 "$@" || result=1
+
+. scripts/wine-env.sh
+tm_start_wine
+trap tm_stop_wine EXIT
+say "Windows tests under Wine"
+ctest --test-dir build/windows --output-on-failure --no-tests=error -j2 "$@" || result=1
+say "done"
+exit $result

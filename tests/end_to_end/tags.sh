@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Tags and cover art travel: from FLAC to mp3 and on, accents, several values, names of all scripts.
+. "$(dirname "$0")/lib.sh"
+mkdir "$work/in"
+sox -n -r 44100 -c 2 -b 16 "$work/tone.wav" synth 2 sine 440 vol 0.5
+ffmpeg -v error -f lavfi -i testsrc=s=300x300 -frames:v 1 "$work/cover.jpg"
+source="$work/in/Ünïcødé – 日本語 & 'quote'.flac"
+flac -s -o "$source" -T "TITLE=Café – 日本" -T "ARTIST=Erste" -T "ARTIST=Zweite" -T "ALBUM=Alb: um" \
+    -T "TRACKNUMBER=3" -T "TRACKTOTAL=12" -T "DATE=1999" -T "GENRE=Jazz" -T "COMPOSER=Någon" \
+    -T "REPLAYGAIN_TRACK_GAIN=-3.21 dB" --picture="3|image/jpeg|Front||$work/cover.jpg" "$work/tone.wav"
+
+convert --to 'mp3 (Lame)' --out "$work/mp3" "$source"
+expect_converted 1 0
+mp3="$work/mp3/$(basename "${source%.flac}").mp3"
+expect_tag "$mp3" title "Café – 日本"
+expect_tag "$mp3" album "Alb: um"
+expect_tag "$mp3" track 3/12
+expect_tag "$mp3" genre Jazz
+expect_tag "$mp3" composer Någon
+expect_tag "$mp3" date 1999
+case $(tag "$mp3" artist) in *Erste*Zweite*) ;; *) fail "artists of $mp3: $(tag "$mp3" artist)" ;; esac
+
+convert --to FLAC --out "$work/flac" "$mp3"
+expect_converted 1 0
+flac="$work/flac/$(basename "$source")"
+[ "$(metaflac --show-tag=ARTIST "$flac" | tr '\n' ' ')" = "ARTIST=Erste ARTIST=Zweite " ] ||
+    fail "artists: $(metaflac --show-tag=ARTIST "$flac")"
+metaflac --export-picture-to="$work/back.jpg" "$flac"
+cmp "$work/cover.jpg" "$work/back.jpg" || fail "the cover changed on its way"
+[ "$(metaflac --show-tag=TITLE "$flac")" = "TITLE=Café – 日本" ] || fail "title of $flac"
+finish
