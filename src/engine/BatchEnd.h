@@ -1,0 +1,16 @@
+// The two moments at which effects and the batch meet: an effect that the encoder requires is put
+// into the chain, and at the end every effect hears what the batch has done.
+#pragma once
+
+#include "engine/Batch.h"
+#include "engine/Records.h"
+#include "foundation/XTagList.h"
+
+// "file1_in", "file1_out", and "file1_conversionhaderrors" for failed ones. Portable.
+void FillResultList(const XArray<clBatchResult>& results, XTagList& list);
+
+// Windows only. Synchronous; then the batch's folder goes and its id becomes 0, so that a second call
+// does nothing. Failures are silent.
+void RunBatchEnd(clBatch& batch, const clConversionSetup& setup, const XArray<clBatchResult>& results);
+// Windows only. The chain text with the effect that the encoder asks for, or unchanged.
+void AddRequiredEffect(XString& chainText, const XString& codecName, const XString& encoderSettings);
