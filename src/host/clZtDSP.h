@@ -1,0 +1,33 @@
+// An effect library and one instance of it.
+#pragma once
+
+#include "host/PluginLibrary.h"
+
+class clZtDSP final : public XDLL {
+public:
+    clZtDSP() { Load(nullptr); }
+    ~clZtDSP() override { Unload(); }
+    bool Load(const wchar_t* path) override;
+
+    void Unload(); // destroys the instance, frees the library, resets the pointers
+    bool Recreate(PluginCreateBlock* block);
+    void DestroyInstance();
+
+    // Guarded calls; 0 or no text without an instance.
+    std::int32_t AskGet(const wchar_t* key, PluginParams& params) const;
+    void ShowConfig(void* parent, std::int32_t x, std::int32_t y, const wchar_t* settings) const; // pixels
+    [[nodiscard]] XString RemoveConfig(void* parent) const; // a null answer is the empty text
+
+    ZtInstance instance = nullptr;
+    DspCreate DSP_Create;
+    DspDestroy DSP_Destroy;
+    DspGet DSP_Get;
+    DspSet DSP_Set;
+    DspShowConfigBit DSP_ShowConfigBit;
+    DspRemoveConfigBit DSP_RemoveConfigBit;
+    DspBeginConversion DSP_BeginConversion;
+    DspEndConversion DSP_EndConversion;
+    DspPassAudioBlock DSP_PassAudioBlock;
+    DspPassNonLive DSP_PassNonLive;
+    DspAfterConversion DSP_AfterConversion;
+};
