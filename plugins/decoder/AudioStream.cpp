@@ -1,0 +1,347 @@
+#include "plugins/decoder/AudioStream.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/opt.h>
+#include <libswresample/swresample.h>
+}
+
+namespace {
+
+// Text that stands around streams (tags at the end, a torn first frame) costs a lossy stream a few
+// packets; more than this share of them is damage that one hears.
+constexpr unsigned toleratedDamagePercent = 2;
+constexpr unsigned toleratedDamageFloor = 3;
+
+void ToUtf8(const XString& text, char* out, int size) {
+    if (WideCharToMultiByte(CP_UTF8, 0, text, -1, out, size, nullptr, nullptr) == 0)
+        out[0] = 0;
+}
+
+// Containers of these codecs tell the number of frames to the frame.
+bool TellsExactLength(const AVCodecParameters& parameters) {
+    switch (parameters.codec_id) {
+    case AV_CODEC_ID_FLAC:
+    case AV_CODEC_ID_ALAC:
+    case AV_CODEC_ID_APE:
+    case AV_CODEC_ID_TTA:
+    case AV_CODEC_ID_WAVPACK:
+    case AV_CODEC_ID_TAK:
+        return true;
+    default:
+        return parameters.codec_id >= AV_CODEC_ID_FIRST_AUDIO &&
+               parameters.codec_id < AV_CODEC_ID_ADPCM_IMA_QT;
+    }
+}
+
+} // namespace
+
+void AudioStream::Fail(const wchar_t* what, int code) {
+    error = what;
+    if (code == 0)
+        return;
+    char text[AV_ERROR_MAX_STRING_SIZE] = "";
+    av_strerror(code, text, sizeof text);
+    error += L": ";
+    error += XString(text);
+}
+
+bool AudioStream::OpenContainer() {
+    XString reason;
+    if (!input.Open(path, reason)) {
+        error = L"Unable to open the source: " + reason;
+        return false;
+    }
+    container = avformat_alloc_context();
+    if (!container)
+        return false;
+    container->pb = input.Context();
+    container->flags |= AVFMT_FLAG_CUSTOM_IO;
+    char name[2048];
+    ToUtf8(path, name, sizeof name); // only its extension counts, as a hint
+    const int opened = avformat_open_input(&container, name, nullptr, nullptr);
+    if (opened < 0) {
+        Fail(L"Unsupported or damaged source", opened);
+        return false;
+    }
+    const int found = avformat_find_stream_info(container, nullptr);
+    if (found < 0) {
+        Fail(L"Unsupported or damaged source", found);
+        return false;
+    }
+    const int index = av_find_best_stream(container, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
+    if (index < 0) {
+        Fail(L"The source holds no audio");
+        return false;
+    }
+    stream = container->streams[index];
+    for (unsigned i = 0; i < container->nb_streams; ++i)
+        if (static_cast<int>(i) != index)
+            container->streams[i]->discard = AVDISCARD_ALL;
+    return true;
+}
+
+bool AudioStream::OpenCodec() {
+    const AVCodec* decoder = avcodec_find_decoder(stream->codecpar->codec_id);
+    if (!decoder) {
+        error = L"Unsupported audio format: ";
+        error += XString(avcodec_get_name(stream->codecpar->codec_id));
+        return false;
+    }
+    codec = avcodec_alloc_context3(decoder);
+    packet = av_packet_alloc();
+    frame = av_frame_alloc();
+    if (!codec || !packet || !frame)
+        return false;
+    const int copied = avcodec_parameters_to_context(codec, stream->codecpar);
+    codec->pkt_timebase = stream->time_base;
+    const AVCodecDescriptor* descriptor = avcodec_descriptor_get(codec->codec_id);
+    lossless = descriptor && (descriptor->props & AV_CODEC_PROP_LOSSLESS);
+    if (lossless) // damage in a lossless stream is told, never papered over
+        codec->err_recognition |= AV_EF_CRCCHECK | AV_EF_EXPLODE;
+    const int opened = copied < 0 ? copied : avcodec_open2(codec, decoder, nullptr);
+    if (opened < 0) {
+        Fail(L"Unable to start decoding", opened);
+        return false;
+    }
+    return true;
+}
+
+bool AudioStream::Open(const XString& source, AudioFormatRecord& record) {
+    Close();
+    path = source;
+    error.Clear();
+    if (!OpenContainer() || !OpenCodec()) {
+        if (error.IsEmpty())
+            error = L"Out of memory";
+        return false;
+    }
+    const bool known = container->duration_estimation_method != AVFMT_DURATION_FROM_BITRATE;
+    if (known && stream->duration > 0) {
+        const AVRational perFrame{1, stream->codecpar->sample_rate};
+        expectedFrames = static_cast<std::uint64_t>(
+            std::max<std::int64_t>(0, av_rescale_q(stream->duration, stream->time_base, perFrame)));
+        const bool fine = stream->time_base.num == 1 && stream->codecpar->sample_rate > 0 &&
+                          stream->time_base.den % stream->codecpar->sample_rate == 0;
+        if (fine && TellsExactLength(*stream->codecpar))
+            exactFrames = expectedFrames;
+    }
+    const Step first = NextFrame();
+    if (first == Step::damage)
+        return false;
+    if (first == Step::end && (codec->sample_rate <= 0 || codec->ch_layout.nb_channels <= 0)) {
+        Fail(L"The source holds no audio");
+        return false;
+    }
+    Describe(record);
+    return true;
+}
+
+void AudioStream::Describe(AudioFormatRecord& record) const {
+    record = AudioFormatRecord{};
+    const bool hasFrame = current != nullptr;
+    const SampleLayout shown = hasFrame ? layout : LayoutOf(codec->sample_fmt, codec->bits_per_raw_sample);
+    const AVChannelLayout& speakers = hasFrame ? current->ch_layout : codec->ch_layout;
+    record.sampleKind = shown.isFloat ? ztSampleFloat : ztSampleInteger;
+    record.channels = static_cast<std::uint16_t>(speakers.nb_channels);
+    record.frequency = static_cast<std::uint32_t>(hasFrame ? frequency : codec->sample_rate);
+    if (speakers.order == AV_CHANNEL_ORDER_NATIVE)
+        record.channelMask = static_cast<std::uint32_t>(speakers.u.mask);
+    record.sampleBytes = 4;
+    record.bitsPerSample = static_cast<std::uint16_t>(shown.bits);
+    const std::int64_t rate =
+        stream->codecpar->bit_rate > 0 ? stream->codecpar->bit_rate : container->bit_rate;
+    record.bitRate = static_cast<std::uint32_t>(std::clamp<std::int64_t>(rate, 0, 0xffffffff));
+    record.flags = (lossless ? ztFormatLossless : 0u) | (exactFrames ? ztFormatExactLength : 0u);
+    record.frameCount = expectedFrames;
+    std::int64_t lengthUs = 0;
+    if (expectedFrames)
+        lengthUs = av_rescale(static_cast<std::int64_t>(expectedFrames), AV_TIME_BASE,
+                              std::max(1, codec->sample_rate));
+    else if (container->duration > 0)
+        lengthUs = container->duration;
+    record.lengthMs = static_cast<std::uint64_t>((lengthUs + 500) / 1000);
+    if (!record.frameCount)
+        record.frameCount = static_cast<std::uint64_t>(av_rescale(lengthUs, record.frequency, AV_TIME_BASE));
+}
+
+void AudioStream::Close() noexcept {
+    swr_free(&resampler);
+    av_frame_free(&adapted);
+    av_frame_free(&frame);
+    av_packet_free(&packet);
+    avcodec_free_context(&codec);
+    avformat_close_input(&container); // leaves the bytes' context to `input`
+    input.Close();
+    stream = nullptr;
+    current = nullptr;
+    offset = 0;
+    sampleFormat = -1;
+    flushed = lossless = false;
+    exactFrames = expectedFrames = delivered = 0;
+    packets = damaged = 0;
+}
+
+bool AudioStream::TolerateDamage(int code) {
+    ++damaged;
+    const unsigned allowed = std::max(toleratedDamageFloor, packets * toleratedDamagePercent / 100);
+    if (!lossless && damaged <= allowed)
+        return true;
+    Fail(L"The source is damaged", code);
+    return false;
+}
+
+// Hands one packet, or the end, to the codec. False on damage.
+bool AudioStream::FeedPacket() {
+    while (!flushed) {
+        const int read = av_read_frame(container, packet);
+        if (read < 0) {
+            flushed = true;
+            if (input.HadReadError()) {
+                Fail(L"Unable to read the source", read);
+                return false;
+            }
+            if (read != AVERROR_EOF && !TolerateDamage(read))
+                return false;
+            avcodec_send_packet(codec, nullptr);
+            return true;
+        }
+        const bool ours = packet->stream_index == stream->index;
+        const int sent = ours ? avcodec_send_packet(codec, packet) : 0;
+        packets += ours;
+        av_packet_unref(packet);
+        if (sent < 0 && sent != AVERROR(EAGAIN) && !TolerateDamage(sent))
+            return false;
+        if (ours)
+            return true;
+    }
+    return true;
+}
+
+AudioStream::Step AudioStream::ReceiveOrFeed() {
+    for (;;) {
+        const int received = avcodec_receive_frame(codec, frame);
+        if (received == 0) {
+            if (frame->nb_samples > 0)
+                return Step::frame;
+        } else if (received == AVERROR_EOF || (received == AVERROR(EAGAIN) && flushed)) {
+            return CheckEnd();
+        } else if (received != AVERROR(EAGAIN) && !TolerateDamage(received)) {
+            return Step::damage;
+        } else if (!FeedPacket()) {
+            return Step::damage;
+        }
+    }
+}
+
+// Fewer frames than the container told are a truncated file; estimates get a second of doubt.
+AudioStream::Step AudioStream::CheckEnd() {
+    const std::uint64_t doubt = exactFrames ? 0 : static_cast<std::uint64_t>(std::max(1, codec->sample_rate));
+    if (delivered + doubt >= expectedFrames)
+        return Step::end;
+    error.Format(L"The source is truncated: it ends after %s of %s frames", UnsignedText(delivered).Text(),
+                 UnsignedText(expectedFrames).Text());
+    return Step::damage;
+}
+
+// A stream that changes rate, channels or sample format on the way is brought back to its first.
+bool AudioStream::AdaptFrame() {
+    current = frame;
+    if (sampleFormat < 0) {
+        sampleFormat = frame->format;
+        frequency = frame->sample_rate;
+        channels = frame->ch_layout.nb_channels;
+        layout = LayoutOf(frame->format, codec->bits_per_raw_sample);
+        return true;
+    }
+    if (frame->format == sampleFormat && frame->sample_rate == frequency &&
+        frame->ch_layout.nb_channels == channels)
+        return true;
+    if (!adapted)
+        adapted = av_frame_alloc();
+    if (!adapted)
+        return false;
+    av_frame_unref(adapted);
+    adapted->format = sampleFormat;
+    adapted->sample_rate = frequency;
+    av_channel_layout_default(&adapted->ch_layout, channels);
+    if (!resampler) {
+        resampler = swr_alloc();
+        if (!resampler || swr_config_frame(resampler, adapted, frame) < 0 || swr_init(resampler) < 0)
+            return false;
+    }
+    int converted = swr_convert_frame(resampler, adapted, frame);
+    if (converted == AVERROR_INPUT_CHANGED) { // it changed once more
+        swr_free(&resampler);
+        return AdaptFrame();
+    }
+    current = adapted;
+    return converted >= 0;
+}
+
+AudioStream::Step AudioStream::NextFrame() {
+    current = nullptr;
+    offset = 0;
+    do {
+        const Step step = ReceiveOrFeed();
+        if (step != Step::frame)
+            return step;
+        if (!AdaptFrame()) {
+            current = nullptr;
+            Fail(L"The source changes its audio format in a way that can't be followed");
+            return Step::damage;
+        }
+    } while (current->nb_samples <= 0);
+    return Step::frame;
+}
+
+int AudioStream::Decode(void* samples, unsigned maxFrames) {
+    if (!codec)
+        return -1;
+    unsigned done = 0;
+    auto* out = static_cast<unsigned char*>(samples);
+    while (done < maxFrames) {
+        if (exactFrames && delivered >= exactFrames)
+            break; // some containers decode a frame more than they tell
+        if (!current || offset >= current->nb_samples) {
+            const Step step = flushed && !current && delivered ? Step::end : NextFrame();
+            if (step == Step::damage)
+                return -1;
+            if (step == Step::end)
+                break;
+        }
+        std::uint64_t count =
+            std::min<unsigned>(maxFrames - done, static_cast<unsigned>(current->nb_samples - offset));
+        if (exactFrames)
+            count = std::min(count, exactFrames - delivered);
+        ConvertSamples(*current, offset, static_cast<int>(count), layout, out);
+        out += count * static_cast<unsigned>(channels) * 4;
+        offset += static_cast<int>(count);
+        done += static_cast<unsigned>(count);
+        delivered += count;
+    }
+    return static_cast<int>(done);
+}
+
+bool AudioStream::SeekTo(std::uint64_t target) {
+    AudioFormatRecord ignored;
+    const XString again = path;
+    if (target < delivered && !Open(again, ignored))
+        return false;
+    while (delivered < target) {
+        if (!current || offset >= current->nb_samples) {
+            if (NextFrame() != Step::frame)
+                return false;
+        }
+        const auto skip = static_cast<int>(
+            std::min<std::uint64_t>(target - delivered, static_cast<unsigned>(current->nb_samples - offset)));
+        offset += skip;
+        delivered += static_cast<unsigned>(skip);
+    }
+    return true;
+}

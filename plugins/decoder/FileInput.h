@@ -1,0 +1,30 @@
+// Bytes of a source file for FFmpeg, read through a handle of ours: long paths and sharing are ours.
+#pragma once
+
+#include "foundation/XHandles.h"
+#include "foundation/XString.h"
+
+struct AVIOContext;
+
+class FileInput {
+public:
+    FileInput() = default;
+    ~FileInput() { Close(); }
+    FileInput(const FileInput&) = delete;
+    FileInput& operator=(const FileInput&) = delete;
+
+    // False if the file can't be opened or memory ran out; `error` then has the system's reason.
+    [[nodiscard]] bool Open(const XString& path, XString& error);
+    void Close() noexcept;
+    [[nodiscard]] AVIOContext* Context() const noexcept { return context; } // borrowed
+    // A read that failed for another reason than the end of the file.
+    [[nodiscard]] bool HadReadError() const noexcept { return readError; }
+
+private:
+    static int ReadPacket(void* self, unsigned char* buffer, int size);
+    static std::int64_t Seek(void* self, std::int64_t offset, int whence);
+
+    XFileHandle file;
+    AVIOContext* context = nullptr;
+    bool readError = false;
+};

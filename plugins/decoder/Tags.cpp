@@ -1,0 +1,127 @@
+#include "plugins/decoder/Tags.h"
+
+#include "plugins/decoder/AudioStream.h"
+
+#include <windows.h>
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+}
+
+namespace {
+
+// Larger pictures are no cover art, and an image's sizes are 32 bits.
+constexpr int mostPictureBytes = 64 * 1024 * 1024;
+
+XString FromUtf8(const char* text) {
+    XString result;
+    const int units = text ? MultiByteToWideChar(CP_UTF8, 0, text, -1, nullptr, 0) : 0;
+    if (units <= 1)
+        return result;
+    result.SetLength(units - 1);
+    MultiByteToWideChar(CP_UTF8, 0, text, -1, result.Buffer(), units);
+    return result;
+}
+
+void AddDictionary(const AVDictionary* dictionary, XTagList& tags) {
+    const AVDictionaryEntry* entry = nullptr;
+    while ((entry = av_dict_get(dictionary, "", entry, AV_DICT_IGNORE_SUFFIX)))
+        AddTag(tags, FromUtf8(entry->key), FromUtf8(entry->value));
+}
+
+// Names of the picture types of ID3v2, as FFmpeg writes them into a picture stream's comment.
+int PictureType(const char* name) {
+    static constexpr const char* names[] = {
+        "Other",
+        "32x32 pixels 'file icon' (PNG only)",
+        "Other file icon",
+        "Cover (front)",
+        "Cover (back)",
+        "Leaflet page",
+        "Media (e.g. label side of CD)",
+        "Lead artist/lead performer/soloist",
+        "Artist/performer",
+        "Conductor",
+        "Band/Orchestra",
+        "Composer",
+        "Lyricist/text writer",
+        "Recording Location",
+        "During recording",
+        "During performance",
+        "Movie/video screen capture",
+        "A bright coloured fish",
+        "Illustration",
+        "Band/artist logotype",
+        "Publisher/Studio logotype",
+    };
+    for (int i = 0; name && i < static_cast<int>(sizeof names / sizeof names[0]); ++i)
+        if (lstrcmpiA(name, names[i]) == 0)
+            return i;
+    return 3; // sources that don't say mean the front
+}
+
+const wchar_t* MimeType(AVCodecID id) {
+    switch (id) {
+    case AV_CODEC_ID_MJPEG:
+        return L"image/jpeg";
+    case AV_CODEC_ID_PNG:
+        return L"image/png";
+    case AV_CODEC_ID_GIF:
+        return L"image/gif";
+    case AV_CODEC_ID_BMP:
+        return L"image/bmp";
+    case AV_CODEC_ID_WEBP:
+        return L"image/webp";
+    default:
+        return nullptr;
+    }
+}
+
+void AddPictures(const AVFormatContext& container, XTagList& tags) {
+    for (unsigned i = 0; i < container.nb_streams; ++i) {
+        const AVStream& picture = *container.streams[i];
+        const wchar_t* mime = MimeType(picture.codecpar->codec_id);
+        const AVPacket& bytes = picture.attached_pic;
+        if (!(picture.disposition & AV_DISPOSITION_ATTACHED_PIC) || !mime || bytes.size <= 0 ||
+            bytes.size > mostPictureBytes)
+            continue;
+        const AVDictionaryEntry* type = av_dict_get(picture.metadata, "comment", nullptr, 0);
+        const AVDictionaryEntry* title = av_dict_get(picture.metadata, "title", nullptr, 0);
+        XString value = DecimalText(PictureType(type ? type->value : nullptr));
+        value.Append(L";");
+        value.Append(mime);
+        value.Append(L";");
+        value.Append(FromUtf8(title ? title->value : nullptr));
+        XTagItem* item = tags.Add(L"picture", value);
+        if (!item->blob.Set(bytes.data, static_cast<std::uint64_t>(bytes.size)))
+            tags.RemoveAt(tags.Count() - 1);
+    }
+}
+
+} // namespace
+
+void CollectTags(const AudioStream& source, const XString& path, XTagList& tags) {
+    if (!AddTagLibTags(path, tags)) {
+        AddDictionary(source.Container()->metadata, tags);
+        AddDictionary(source.Stream()->metadata, tags); // Ogg keeps its comments at the stream
+    }
+    JoinTotals(tags);
+    AddPictures(*source.Container(), tags);
+}
+
+void CollectProperties(const AudioStream& source, XTagList& properties) {
+    const AVCodecParameters& parameters = *source.Stream()->codecpar;
+    const AVDictionaryEntry* encoder = av_dict_get(source.Container()->metadata, "encoder", nullptr, 0);
+    if (!encoder)
+        encoder = av_dict_get(source.Stream()->metadata, "encoder", nullptr, 0);
+    if (encoder)
+        properties.Add(L"Encoder", FromUtf8(encoder->value));
+    const AVCodecDescriptor* descriptor = avcodec_descriptor_get(parameters.codec_id);
+    const bool lossless = descriptor && (descriptor->props & AV_CODEC_PROP_LOSSLESS);
+    if (lossless)
+        properties.Add(L"Audio Quality", L"Lossless");
+    else if (parameters.bit_rate > 0)
+        properties.Add(L"Audio Quality", DecimalText((parameters.bit_rate + 500) / 1000) + L" kbps");
+    properties.Add(L"gapless", lossless || parameters.initial_padding > 0 ? L"Yes" : L"No");
+}

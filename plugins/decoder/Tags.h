@@ -1,0 +1,20 @@
+// Tags, cover art and properties of an open source as the contract's two lists.
+#pragma once
+
+#include "foundation/XTagList.h"
+
+class AudioStream;
+
+// Fills `tags` and `properties`. Tags come from TagLib where it reads the format, since it keeps
+// several values of one key apart, else from the container; pictures always from the container.
+void CollectTags(const AudioStream& source, const XString& path, XTagList& tags);
+void CollectProperties(const AudioStream& source, XTagList& properties);
+
+// Adds what TagLib finds; false if it doesn't read this file or finds nothing.
+[[nodiscard]] bool AddTagLibTags(const XString& path, XTagList& tags);
+
+// Adds a value under the contract's name for `key` (any spelling of a source), joining several
+// values of one key by CR.
+void AddTag(XTagList& tags, const XString& key, const XString& value);
+// Joins track and disc with their totals: "3" and "12" become "3/12".
+void JoinTotals(XTagList& tags);
