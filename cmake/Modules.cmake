@@ -30,6 +30,7 @@ function(tm_plugin name)
     target_link_libraries(${P_TARGET} PRIVATE tm_flags ${P_LIBS})
     set_target_properties(${P_TARGET} PROPERTIES PREFIX "" OUTPUT_NAME "${name}"
         LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/Tonemill/${P_FOLDER}")
+    set_property(GLOBAL APPEND PROPERTY TM_PROGRAM ${P_TARGET})
 endfunction()
 
 # tm_tests(name PORTABLE ... WINDOWS ... DEPENDS ... [DESKTOP] [SERIAL] [TIMEOUT seconds])
