@@ -9,6 +9,12 @@
 
 #include <cstdint>
 
+struct CursorKind {
+    using Value = HCURSOR;
+    static Value None() noexcept { return nullptr; }
+    static void Close(Value v) noexcept { DestroyCursor(v); }
+};
+
 // A timer of one window. `Id` is that of the system; `Data` is handed to OnTimer and always 0.
 struct clWindowTimer {
     std::uint64_t Id = 0;
@@ -91,9 +97,9 @@ public:
     std::uint32_t Handled = 0; // of the message now being dispatched
     HWND Hwnd = nullptr;       // null when there is no window
     bool IsDialog = false;
-    HCURSOR Cursor = nullptr; // these three are owned, and destroyed with the object
-    HICON Icon = nullptr;
-    HICON SmallIcon = nullptr;
+    XOwned<CursorKind> Cursor;
+    XIcon Icon;
+    XIcon SmallIcon;
     XString ClassName; // empty for a dialog
     XArray<clWindowTimer> Timers;
     XStringArray TimerNames;               // parallel to Timers, each the empty text
@@ -121,7 +127,7 @@ private:
     bool CallOperation(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void CallCommand(WPARAM wParam, LPARAM lParam);
     void CallTimer(std::uint64_t id);
-    void ReplaceClassIcon(HICON given, HICON& kept, int classIndex);
+    void ReplaceClassIcon(HICON given, XIcon& kept, int classIndex);
 };
 
 // `value` is pixels at 96 dots per inch; the answer is pixels of this screen, truncated.
