@@ -4,7 +4,7 @@
 # Environment: TONEMILL_CACHE, the cache's folder; TONEMILL_JOBS, parallel compilations.
 set -euo pipefail
 scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-cache=${TONEMILL_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/tonemill}
+cache=$(realpath -m "${TONEMILL_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/tonemill}")
 
 "$scripts/packages.sh" codecs
 
@@ -30,8 +30,6 @@ Finish() {
 [ ! -f "$prefix/.complete" ] || Finish
 
 mkdir -p "$cache"
-cache=$(cd "$cache" && pwd)
-prefix=$cache/codecs-$key
 logs=$cache/codecs-$key.logs
 work=$cache/codecs-$key.building
 
@@ -54,6 +52,8 @@ if ! bash "$scripts/codecs/fetch.sh" "$cache/downloads" "$work/sources" "$script
 fi
 echo "codecs: fetched in $(($(date +%s) - started)) s" >&2
 
+# a caller's own flags are meant for the program
+unset CC CXX CPPFLAGS CFLAGS CXXFLAGS LDFLAGS MAKEFLAGS MAKELEVEL DESTDIR
 bash "$scripts/codecs/build.sh" "$work/sources" "$work/stage" "$logs" 9>&-
 
 date -u +%Y-%m-%dT%H:%M:%SZ >"$work/stage/.complete"
