@@ -4,6 +4,8 @@
 #include "toolkit/XToolkitState.h"
 #include "toolkit/XWindowProcedures.h"
 
+#include <shellapi.h>
+
 #include <algorithm>
 #include <utility>
 
