@@ -45,7 +45,10 @@ struct clRecipe {
     XString effects; // chain text
 };
 
-// Absent values come as their defaults: the user's music folder, "[artist]\[artist] - [title]".
+// The template of an item that has none.
+inline constexpr wchar_t defaultNaming[] = L"[artist]\\[artist] - [title]";
+
+// Absent values come as their defaults: the user's music folder, defaultNaming.
 [[nodiscard]] clRecipe ReadRecipe(const wchar_t* itemText);
 void WriteRecipe(const wchar_t* itemText, const clRecipe& recipe);
 void DeleteRecipe(const wchar_t* itemText); // a profile's key with all that is in it

@@ -4,7 +4,9 @@
 #include "foundation/XBuffer.h"
 
 inline constexpr std::uint64_t tagRecordLimit = 1024; // bytes of key, value and blob
+inline constexpr std::uint32_t tagCountLimit = 65536; // records; a longer list is damage
 
 // Reads an image of a list of tags and writes it without the records above the limit (pictures,
-// long texts). `out` stays as it is, and the answer is false, if memory ran out.
+// long texts). The answer is false, and `out` is of no use, if memory ran out or the
+// image is damaged beyond a list of no sensible length.
 bool FilterTagImage(const void* image, std::uint64_t size, XBuffer& out);

@@ -5,7 +5,6 @@
 
 class clZtDSP final : public XDLL {
 public:
-    clZtDSP() { Load(nullptr); }
     ~clZtDSP() override { Unload(); }
     bool Load(const wchar_t* path) override;
 
@@ -19,15 +18,15 @@ public:
     [[nodiscard]] XString RemoveConfig(void* parent) const; // a null answer is the empty text
 
     ZtInstance instance = nullptr;
-    DspCreate DSP_Create;
-    DspDestroy DSP_Destroy;
-    DspGet DSP_Get;
-    DspSet DSP_Set;
-    DspShowConfigBit DSP_ShowConfigBit;
-    DspRemoveConfigBit DSP_RemoveConfigBit;
-    DspBeginConversion DSP_BeginConversion;
-    DspEndConversion DSP_EndConversion;
-    DspPassAudioBlock DSP_PassAudioBlock;
-    DspPassNonLive DSP_PassNonLive;
-    DspAfterConversion DSP_AfterConversion;
+    DspCreate DSP_Create = nullptr;
+    DspDestroy DSP_Destroy = nullptr;
+    DspGet DSP_Get = nullptr;
+    DspSet DSP_Set = nullptr;
+    DspShowConfigBit DSP_ShowConfigBit = nullptr;
+    DspRemoveConfigBit DSP_RemoveConfigBit = nullptr;
+    DspBeginConversion DSP_BeginConversion = nullptr;
+    DspEndConversion DSP_EndConversion = nullptr;
+    DspPassAudioBlock DSP_PassAudioBlock = nullptr;
+    DspPassNonLive DSP_PassNonLive = nullptr;
+    DspAfterConversion DSP_AfterConversion = nullptr;
 };

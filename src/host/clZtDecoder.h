@@ -5,7 +5,6 @@
 
 class clZtDecoder final : public XDLL {
 public:
-    clZtDecoder() { Load(nullptr); }
     ~clZtDecoder() override { Unload(); }
     bool Load(const wchar_t* path) override;
 
@@ -26,13 +25,13 @@ public:
     XString loadedExtension;
     XString loadedPath;
     ZtInstance instance = nullptr;
-    DecoderCreate Create;
-    DecoderDestroy Destroy;
-    DecoderGet Get;
-    DecoderSet Set;
-    DecoderOpen Open;
-    DecoderClose Close;
-    DecoderDecodeBlock DecodeBlock;
-    DecoderSetPosition SetPosition;
-    DecoderDeleteATag DeleteATag;
+    DecoderCreate Create = nullptr;
+    DecoderDestroy Destroy = nullptr;
+    DecoderGet Get = nullptr;
+    DecoderSet Set = nullptr;
+    DecoderOpen Open = nullptr;
+    DecoderClose Close = nullptr;
+    DecoderDecodeBlock DecodeBlock = nullptr;
+    DecoderSetPosition SetPosition = nullptr;
+    DecoderDeleteATag DeleteATag = nullptr;
 };

@@ -5,7 +5,6 @@
 
 class clZtEncoder final : public XDLL {
 public:
-    clZtEncoder() { Load(nullptr); }
     ~clZtEncoder() override { Unload(); }
     bool Load(const wchar_t* path) override;
 
@@ -20,13 +19,13 @@ public:
     [[nodiscard]] XString RemoveConfig(void* parent) const;
 
     ZtInstance instance = nullptr;
-    EncoderCreate ENC_Create;
-    EncoderDestroy ENC_Destroy;
-    EncoderGet ENC_Get;
-    EncoderSet ENC_Set;
-    EncoderShowConfigBit ENC_ShowConfigBit;
-    EncoderRemoveConfigBit ENC_RemoveConfigBit;
-    EncoderBeginConversion ENC_BeginConversion;
-    EncoderEndConversion ENC_EndConversion;
-    EncoderEncodeBlock ENC_EncodeBlock;
+    EncoderCreate ENC_Create = nullptr;
+    EncoderDestroy ENC_Destroy = nullptr;
+    EncoderGet ENC_Get = nullptr;
+    EncoderSet ENC_Set = nullptr;
+    EncoderShowConfigBit ENC_ShowConfigBit = nullptr;
+    EncoderRemoveConfigBit ENC_RemoveConfigBit = nullptr;
+    EncoderBeginConversion ENC_BeginConversion = nullptr;
+    EncoderEndConversion ENC_EndConversion = nullptr;
+    EncoderEncodeBlock ENC_EncodeBlock = nullptr;
 };
