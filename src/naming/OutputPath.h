@@ -4,7 +4,7 @@
 
 #include "foundation/XString.h"
 
-class clFileItem;
+struct clFileItem;
 
 // Sets item.outputPath. Its earlier content, if any, is a path without extension that the user chose.
 // Otherwise `folder`, in the form that users see, may be empty: the output then lies beside the source.

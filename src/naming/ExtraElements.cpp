@@ -1,0 +1,4 @@
+// The one list of extra elements.
+#include "naming/ExtraElements.h"
+
+XTagList zTMExtraElements;
