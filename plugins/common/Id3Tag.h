@@ -1,0 +1,13 @@
+// Writes ID3v2.4 tags (id3.org, "ID3 tag version 2.4.0"): texts, comments, lyrics, own fields, pictures.
+#pragma once
+
+#include "foundation/XTagList.h"
+
+#include <cstddef>
+#include <vector>
+
+using ByteVector = std::vector<unsigned char>;
+
+// The whole tag with `padding` zero bytes behind its frames; empty if the list has nothing to write.
+// A frame too large for the format's 28-bit sizes is left out.
+[[nodiscard]] ByteVector BuildId3Tag(const XTagList& tags, std::size_t padding);

@@ -1,0 +1,234 @@
+// The encoder library "mp3 (Lame)": MPEG layer III through LAME, with the exact length in its header
+// frame and an ID3 tag in front.
+#include "foundation/XTagList.h"
+#include "plugins/common/EncoderExports.h"
+#include "plugins/common/Id3Tag.h"
+#include "plugins/common/OutputFile.h"
+#include "plugins/common/PcmConvert.h"
+#include "plugins/common/Resampler.h"
+#include "plugins/common/Settings.h"
+#include "plugins/encoder/MpegRates.h"
+
+#include <lame/lame.h>
+
+#include <memory>
+
+namespace {
+
+constexpr SettingsOption options[] = {
+    {L"vbr", L"", 0, 9},
+    {L"cbr", L"", 32, 320},
+    {L"abr", L"", 8, 310},
+    {L"mode", L"joint|stereo|mono"},
+};
+constexpr int defaultQuality = 2;
+// What LAME's VBR qualities come to with stereo music, kbit/s.
+constexpr int usualRates[10] = {245, 225, 190, 175, 165, 130, 115, 100, 85, 65};
+constexpr std::size_t tagPadding = 1024;   // tag editors then need not rewrite the file
+constexpr std::uint32_t runFrames = 16384; // frames per call of LAME
+// LAME's own bound for one call, and for the flush.
+constexpr std::size_t mp3Room = runFrames * 5 / 4 + 7200;
+
+struct DeleteLame {
+    void operator()(lame_global_flags* lame) const noexcept { lame_close(lame); }
+};
+using LamePointer = std::unique_ptr<lame_global_flags, DeleteLame>;
+
+struct Mp3Choice {
+    int vbr = defaultQuality; // -1: not VBR
+    int cbr = 0;
+    int abr = 0;
+    MPEG_mode mode = JOINT_STEREO;
+};
+
+bool ReadChoice(const wchar_t* text, Mp3Choice& choice, XString& error) {
+    Settings settings;
+    if (!settings.Parse(text, options, error))
+        return false;
+    if (settings.Has(L"vbr") + settings.Has(L"cbr") + settings.Has(L"abr") > 1) {
+        error = L"Only one of the options -vbr, -cbr and -abr can be given";
+        return false;
+    }
+    choice.cbr = static_cast<int>(settings.Number(L"cbr", 0));
+    choice.abr = static_cast<int>(settings.Number(L"abr", 0));
+    choice.vbr = choice.cbr || choice.abr ? -1 : static_cast<int>(settings.Number(L"vbr", defaultQuality));
+    const XString mode = settings.Word(L"mode", L"joint");
+    choice.mode = mode.EqualsNoCase(L"mono") ? MONO : mode.EqualsNoCase(L"stereo") ? STEREO : JOINT_STEREO;
+    return true;
+}
+
+class clLameEncoder : public EncoderBase {
+public:
+    static constexpr const wchar_t* extension = L".mp3";
+    static bool Check(const wchar_t* text, XString& error) {
+        Mp3Choice choice;
+        return ReadChoice(text, choice, error);
+    }
+    static std::uint64_t EstimateBytes(const PcmFormat& source, std::uint64_t lengthMs, const wchar_t* text) {
+        Mp3Choice choice;
+        XString error;
+        (void)ReadChoice(text, choice, error);
+        std::uint64_t rate = static_cast<std::uint64_t>(choice.cbr ? choice.cbr : choice.abr);
+        if (rate == 0) {
+            rate = static_cast<std::uint64_t>(usualRates[choice.vbr]);
+            if (choice.mode == MONO || source.channels == 1)
+                rate = rate * 3 / 5;
+        }
+        return lengthMs * rate / 8; // kbit/s times ms are bits
+    }
+    bool Begin(const EncoderBeginBlock& block);
+    bool Encode(const void* samples, std::uint32_t frames);
+    bool End(bool completed);
+
+private:
+    bool StartLame(const Mp3Choice& choice);
+    LamePointer NewLame(const Mp3Choice& choice, std::uint32_t frequency);
+    bool EncodeRun(const void* samples, std::uint32_t frames, bool isFloat);
+    bool EncodeAll(const void* samples, std::uint32_t frames, bool isFloat);
+    bool Put(int bytes);
+    bool FinishFile();
+    bool FileFailed() { return Fail(file.Error()); }
+
+    LamePointer lame;
+    OutputFile file;
+    Resampler resampler;
+    int channels = 2;
+    std::uint32_t frequency = 44100;
+    bool resamples = false;
+    std::uint64_t firstFrameAt = 0; // behind the ID3 tag
+    std::vector<std::int32_t> aligned;
+    std::vector<unsigned char> mp3;
+};
+
+LamePointer clLameEncoder::NewLame(const Mp3Choice& choice, std::uint32_t rate) {
+    LamePointer made(lame_init());
+    if (!made)
+        return made;
+    lame_set_num_channels(made.get(), channels);
+    lame_set_in_samplerate(made.get(), static_cast<int>(rate));
+    if (channels == 1)
+        lame_set_mode(made.get(), MONO);
+    else if (choice.mode == STEREO)
+        lame_set_mode(made.get(), STEREO); // joint stereo is LAME's own choice
+    lame_set_write_id3tag_automatic(made.get(), 0);
+    lame_set_bWriteVbrTag(made.get(), 1);
+    if (choice.vbr >= 0) {
+        lame_set_VBR(made.get(), vbr_default);
+        lame_set_VBR_q(made.get(), choice.vbr);
+    } else if (choice.abr) {
+        lame_set_VBR(made.get(), vbr_abr);
+        lame_set_VBR_mean_bitrate_kbps(made.get(), choice.abr);
+    } else {
+        lame_set_VBR(made.get(), vbr_off);
+        lame_set_brate(made.get(), choice.cbr);
+    }
+    if (lame_init_params(made.get()) < 0)
+        made.reset();
+    return made;
+}
+
+// At low bit rates LAME wants a lower sample rate. It then gets its input at that rate, since
+// libswresample makes it cleaner than LAME would.
+bool clLameEncoder::StartLame(const Mp3Choice& choice) {
+    channels = choice.mode == MONO || format.channels == 1 ? 1 : 2;
+    frequency = MpegRateFor(format.frequency);
+    lame = NewLame(choice, frequency);
+    if (lame && static_cast<std::uint32_t>(lame_get_out_samplerate(lame.get())) != frequency) {
+        frequency = static_cast<std::uint32_t>(lame_get_out_samplerate(lame.get()));
+        lame = NewLame(choice, frequency);
+    }
+    resamples = channels != format.channels || frequency != format.frequency;
+    return lame || Fail(L"LAME refuses these settings for this source");
+}
+
+bool clLameEncoder::Begin(const EncoderBeginBlock& block) {
+    Mp3Choice choice;
+    if (!ReadChoice(block.settings, choice, lastError) || !StartLame(choice))
+        return false;
+    if (resamples && !resampler.Open(format, channels, frequency, lastError))
+        return false;
+    XTagList tags;
+    if (block.tagData)
+        tags.Deserialize(block.tagData, block.tagDataSize);
+    const ByteVector tag = BuildId3Tag(tags, tagPadding);
+    mp3.resize(mp3Room);
+    if (!file.Create(block.outputPath) || !file.Write(tag.data(), tag.size()))
+        return FileFailed();
+    firstFrameAt = file.Position();
+    return true;
+}
+
+bool clLameEncoder::Put(int bytes) {
+    if (bytes < 0)
+        return Fail(L"LAME failed with code " + DecimalText(bytes));
+    return file.Write(mp3.data(), static_cast<std::uint64_t>(bytes)) || FileFailed();
+}
+
+bool clLameEncoder::EncodeRun(const void* samples, std::uint32_t frames, bool isFloat) {
+    const int count = static_cast<int>(frames);
+    const int room = static_cast<int>(mp3.size());
+    lame_global_flags* l = lame.get();
+    if (isFloat) {
+        const float* in = static_cast<const float*>(samples);
+        return Put(channels == 1 ? lame_encode_buffer_ieee_float(l, in, in, count, mp3.data(), room)
+                                 : lame_encode_buffer_interleaved_ieee_float(l, in, count, mp3.data(), room));
+    }
+    // LAME takes integers at the top of 32 bits and makes its own floats of them, without loss.
+    const std::size_t values = std::size_t(frames) * static_cast<std::size_t>(channels);
+    aligned.resize(std::max(aligned.size(), values));
+    AlignLeft(static_cast<const std::int32_t*>(samples), aligned.data(), values, format.bits);
+    const int* in = aligned.data();
+    return Put(channels == 1 ? lame_encode_buffer_int(l, in, in, count, mp3.data(), room)
+                             : lame_encode_buffer_interleaved_int(l, in, count, mp3.data(), room));
+}
+
+bool clLameEncoder::EncodeAll(const void* samples, std::uint32_t frames, bool isFloat) {
+    const unsigned char* at = static_cast<const unsigned char*>(samples);
+    while (frames > 0) {
+        const std::uint32_t run = std::min(frames, runFrames);
+        if (!EncodeRun(at, run, isFloat))
+            return false;
+        at += std::size_t(run) * static_cast<std::size_t>(channels) * 4;
+        frames -= run;
+    }
+    return true;
+}
+
+bool clLameEncoder::Encode(const void* samples, std::uint32_t frames) {
+    if (!lame)
+        return Fail(L"LAME was not started");
+    if (!resamples)
+        return EncodeAll(samples, frames, format.isFloat);
+    return resampler.Convert(samples, frames, lastError) &&
+           EncodeAll(resampler.Output(), resampler.OutputFrames(), true);
+}
+
+// The first frame was a place holder: now the length, delay and padding that it tells are known.
+bool clLameEncoder::FinishFile() {
+    const std::size_t size = lame_get_lametag_frame(lame.get(), mp3.data(), mp3.size());
+    if (size > 0 && size <= mp3.size() && (!file.Seek(firstFrameAt) || !file.Write(mp3.data(), size)))
+        return false;
+    return file.Close();
+}
+
+bool clLameEncoder::End(bool completed) {
+    if (!completed) {
+        file.Abandon();
+        lame.reset();
+        return true;
+    }
+    if (!lame)
+        return Fail(L"LAME was not started");
+    if (resamples && !(resampler.Convert(nullptr, 0, lastError) &&
+                       EncodeAll(resampler.Output(), resampler.OutputFrames(), true)))
+        return false;
+    if (!Put(lame_encode_flush(lame.get(), mp3.data(), static_cast<int>(mp3.size()))))
+        return false;
+    const bool finished = FinishFile() || FileFailed();
+    lame.reset();
+    return finished;
+}
+
+} // namespace
+
+ZT_ENCODER_EXPORTS(clLameEncoder)
