@@ -1,0 +1,68 @@
+// An encoder or, with FAKE_EFFECT, an effect of the tests' own. FAKE_MUTE answers every question with
+// yes and no text.
+#include "contract/Plugin.h"
+
+#define FAKE_EXPORT extern "C" __declspec(dllexport)
+#ifdef FAKE_EFFECT
+#define FAKE_NAME(name) DSP_##name
+#else
+#define FAKE_NAME(name) ENC_##name
+#endif
+
+namespace {
+int live = 0;
+const wchar_t* shown = nullptr;
+} // namespace
+
+FAKE_EXPORT ZtInstance FAKE_NAME(Create)(PluginCreateBlock*) {
+    ++live;
+    return &live;
+}
+FAKE_EXPORT void FAKE_NAME(Destroy)(ZtInstance) {
+    --live;
+}
+FAKE_EXPORT std::int32_t FAKE_NAME(Get)(ZtInstance, const wchar_t* key, PluginParams* params) {
+#ifndef FAKE_MUTE
+    params->text1 = L".fake";
+    return key[0] == L'T' ? live : 1;
+#else
+    params->text1 = nullptr;
+    return key[0] == L'T' ? live : 1;
+#endif
+}
+FAKE_EXPORT std::int32_t FAKE_NAME(Set)(ZtInstance, const wchar_t*, PluginParams*) {
+    return 0;
+}
+FAKE_EXPORT void FAKE_NAME(ShowConfigBit)(ZtInstance, void*, std::int32_t, std::int32_t,
+                                          const wchar_t* settings) {
+    shown = settings;
+}
+FAKE_EXPORT const wchar_t* FAKE_NAME(RemoveConfigBit)(ZtInstance, void*) {
+    return shown;
+}
+
+#ifdef FAKE_EFFECT
+FAKE_EXPORT std::int32_t DSP_BeginConversion(ZtInstance, DspBeginBlock*) {
+    return 0;
+}
+FAKE_EXPORT std::int32_t DSP_EndConversion(ZtInstance, DspAudioBlock*) {
+    return 0;
+}
+FAKE_EXPORT std::int32_t DSP_PassAudioBlock(ZtInstance, DspAudioBlock*) {
+    return 0;
+}
+FAKE_EXPORT std::int32_t DSP_PassNonLive(ZtInstance, DspAudioBlock*) {
+    return 0;
+}
+FAKE_EXPORT void DSP_AfterConversion(ZtInstance, std::int32_t) {}
+#else
+FAKE_EXPORT std::int32_t ENC_BeginConversion(ZtInstance, const EncoderBeginBlock*) {
+    return 0;
+}
+FAKE_EXPORT std::int32_t ENC_EndConversion(ZtInstance, std::int32_t) {
+    return 0;
+}
+FAKE_EXPORT std::int32_t ENC_EncodeBlock(ZtInstance, const void*, std::uint32_t) {
+    return 0;
+}
+#endif
