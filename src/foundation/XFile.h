@@ -31,6 +31,9 @@ public:
     HANDLE handle = INVALID_HANDLE_VALUE;
     bool showErrors = false;
     bool ownsHandle = false;
+
+private:
+    void GiveBack(DWORD bytes) noexcept;
 };
 
 // The whole file in one read, shared; false if it can't be opened or read whole.

@@ -18,4 +18,7 @@ public:
     XFindHandle findHandle;
     XString pattern; // after the first Next: the folder part only
     bool foldersOnly = false;
+
+private:
+    bool isStarted = false;
 };

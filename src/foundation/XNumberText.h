@@ -18,6 +18,8 @@ struct XLocaleNumbers {
 // The program-wide values; filled on first use by LoadLocaleNumbers. Forms' thread only.
 [[nodiscard]] XLocaleNumbers& LocaleNumbers();
 void LoadLocaleNumbers();
+// Takes each setting by its name under Control Panel\International; an empty answer is the default.
+void FillLocaleNumbers(XLocaleNumbers& numbers, XString (*readSetting)(const wchar_t* name));
 // Rewrites a plain number text (optional -, digits, optional . and digits) in place.
 void Localise(XString& text);
 [[nodiscard]] XString FormatInt(std::int64_t value);

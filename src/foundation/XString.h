@@ -91,7 +91,8 @@ public:
     // Rounds by adding 0.49 in the last place, so 0.005 with 2 decimals stays 0.00.
     void FromReal(double value, int decimals, bool keepZeros);
     [[nodiscard]] std::int64_t ToInt() const noexcept; // leading blanks, sign, digits; else 0
-    void Format(const wchar_t* pattern, ...);          // %s takes wide text
+    // %s takes wide text. In portable code only what the built-in formatter of XFormat.h knows.
+    void Format(const wchar_t* pattern, ...);
 
     // The text in the active code page; owned by this object, valid until the next call.
     [[nodiscard]] const char* ToNarrow();
@@ -99,8 +100,10 @@ public:
     std::uint64_t userValue = 0; // free value that travels with copies
 
 private:
-    void Reserve(int needed, int extra);
-    void AppendUnits(const wchar_t* other, int units, int extra);
+    // Slack is chosen by each operation: nothing doubles. Both in units.
+    void Reserve(std::int64_t needed, std::int64_t extra);
+    void AppendUnits(const wchar_t* other, int units, bool extend);
+    [[nodiscard]] int MapEnd(int pos) const noexcept { return pos == XSTR_END ? length - 1 : pos; }
     void Release() noexcept;
     [[nodiscard]] bool IsInline() const noexcept { return text == inlineText; }
 

@@ -13,5 +13,6 @@ public:
     // A new, empty file in the temporary folder; the earlier one is deleted first. False if it
     // could not be created (the name stays set).
     bool MakeNew(const wchar_t* prefix = L"TMP");
+    bool MakeNewIn(const XString& folder, const wchar_t* prefix); // the same in a folder of one's own
     void DeleteOwned();
 };

@@ -1,0 +1,6 @@
+// The native build has no regional settings: the defaults stand.
+#include "foundation/XNumberText.h"
+
+void LoadLocaleNumbers() {
+    LocaleNumbers().loaded = true;
+}
