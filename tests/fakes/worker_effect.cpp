@@ -1,0 +1,93 @@
+// An effect for the worker's tests. Settings: skip=1 (wants no audio), fail=1 (can't begin), gain=N
+// (multiplies), hold=1 (keeps all until the end), top=1 (learns the highest sample in a first pass and
+// subtracts it from every sample).
+#include "contract/Plugin.h"
+#include "worker_numbers.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <vector>
+
+namespace {
+
+struct FakeEffect {
+    std::int64_t gain = 1;
+    bool holds = false, learns = false;
+    std::uint32_t channels = 0;
+    std::int32_t top = 0;
+    std::vector<std::int32_t> samples;
+    bool isFlushed = false;
+};
+
+FakeEffect& Of(ZtInstance instance) {
+    return *static_cast<FakeEffect*>(instance);
+}
+
+} // namespace
+
+#define FAKE_EXPORT extern "C" __declspec(dllexport)
+
+FAKE_EXPORT ZtInstance DSP_Create(PluginCreateBlock*) {
+    return new FakeEffect;
+}
+FAKE_EXPORT void DSP_Destroy(ZtInstance instance) {
+    delete &Of(instance);
+}
+
+FAKE_EXPORT std::int32_t DSP_Get(ZtInstance, const wchar_t* key, PluginParams* params) {
+    params->text1 = L"the fake effect's own words";
+    return std::wcscmp(key, L"Last Error") == 0;
+}
+
+FAKE_EXPORT std::int32_t DSP_Set(ZtInstance, const wchar_t*, PluginParams*) {
+    return 0;
+}
+FAKE_EXPORT void DSP_ShowConfigBit(ZtInstance, void*, std::int32_t, std::int32_t, const wchar_t*) {}
+FAKE_EXPORT const wchar_t* DSP_RemoveConfigBit(ZtInstance, void*) {
+    return L"";
+}
+
+FAKE_EXPORT std::int32_t DSP_BeginConversion(ZtInstance instance, DspBeginBlock* block) {
+    FakeEffect& self = Of(instance);
+    self = FakeEffect{};
+    self.gain = NumberOf(block->settings, L"gain", 1);
+    self.holds = NumberOf(block->settings, L"hold", 0) != 0;
+    self.learns = NumberOf(block->settings, L"top", 0) != 0;
+    self.channels = block->format->channels;
+    block->wantsNonLive = self.learns;
+    if (NumberOf(block->settings, L"fail", 0) != 0)
+        return -1;
+    return NumberOf(block->settings, L"skip", 0) == 0;
+}
+
+FAKE_EXPORT std::int32_t DSP_PassAudioBlock(ZtInstance instance, DspAudioBlock* block) {
+    FakeEffect& self = Of(instance);
+    const auto* in = static_cast<const std::int32_t*>(block->input);
+    const std::size_t count = std::size_t{block->inputFrames} * self.channels;
+    if (!self.holds)
+        self.samples.clear();
+    for (std::size_t i = 0; i < count; ++i)
+        self.samples.push_back(static_cast<std::int32_t>(in[i] * self.gain) - self.top);
+    block->output = self.samples.data();
+    block->outputFrames = self.holds ? 0 : block->inputFrames;
+    return 1;
+}
+
+FAKE_EXPORT std::int32_t DSP_PassNonLive(ZtInstance instance, DspAudioBlock* block) {
+    const auto* in = static_cast<const std::int32_t*>(block->input);
+    for (std::size_t i = 0; in && i < std::size_t{block->inputFrames} * Of(instance).channels; ++i)
+        Of(instance).top = std::max(Of(instance).top, in[i]);
+    return 1;
+}
+
+FAKE_EXPORT std::int32_t DSP_EndConversion(ZtInstance instance, DspAudioBlock* block) {
+    FakeEffect& self = Of(instance);
+    if (self.holds && !self.isFlushed) {
+        block->output = self.samples.data();
+        block->outputFrames = static_cast<std::uint32_t>(self.samples.size() / self.channels);
+    }
+    self.isFlushed = true;
+    return 1;
+}
+
+FAKE_EXPORT void DSP_AfterConversion(ZtInstance, std::int32_t) {}

@@ -1,0 +1,20 @@
+// Starts what its command line says behind the first '|', writes the process id to its standard output
+// as four bytes, and waits until it is ended.
+#include <windows.h>
+
+#include <cwchar>
+
+int wmain() {
+    wchar_t* rest = std::wcschr(GetCommandLineW(), L'|');
+    if (!rest)
+        return 1;
+    STARTUPINFOW start{};
+    start.cb = sizeof(start);
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(nullptr, rest + 1, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
+        return 2;
+    DWORD written = 0;
+    WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), &process.dwProcessId, sizeof(DWORD), &written, nullptr);
+    Sleep(INFINITE);
+    return 0;
+}

@@ -1,0 +1,190 @@
+// The real worker converts, or says why not and leaves what was there.
+#include "WorkerProcess.h"
+
+#include "fakes/worker_numbers.h"
+#include "foundation/XFileSystem.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace {
+
+constexpr const char* tone = "frames=50000";
+
+// Sample n of channel 0 in what the fake encoder wrote.
+std::int32_t SampleOf(const std::string& content, std::size_t n) {
+    std::int32_t sample = -1;
+    const std::size_t at = sizeof(FakeHead) + 8 * n;
+    if (at + 4 <= content.size())
+        std::memcpy(&sample, content.data() + at, 4);
+    return sample;
+}
+
+std::size_t FramesOf(const std::string& content) {
+    return content.size() < sizeof(FakeHead) ? 0 : (content.size() - sizeof(FakeHead)) / 8;
+}
+
+TEST(Worker, ConvertsAndTellsInLines) {
+    ScratchFolder folder;
+    WorkerProcess worker(folder);
+    const XString source = folder.Write(L"\u00e4 \u4e2d.tone", tone);
+    const XString target = folder.File(L"new\\deep er\\\u00fc.fake");
+    worker.Start(source, target);
+    ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
+    EXPECT_TRUE(worker.errors.IsEmpty()) << testing::PrintToString(worker.ErrorText());
+    const std::string content = FileContent(target);
+    ASSERT_EQ(FramesOf(content), 50000u);
+    for (const std::size_t n : {0u, 8191u, 8192u, 49999u})
+        EXPECT_EQ(SampleOf(content, n), static_cast<std::int32_t>(n));
+    EXPECT_EQ(folder.EntryCount(), 2); // the source and the folder: no temporary file
+    EXPECT_TRUE(worker.TakeSign());
+    EXPECT_TRUE(worker.Said(L"MSGTO: zTM: Action: Converting"));
+    EXPECT_TRUE(worker.Said(L"MSGTO: zTM: ActionInput: Input: TONE 44.1 kHz stereo"));
+    EXPECT_TRUE(worker.Said(L"MSGTO: zTM: ActionOutput: Output: Fake 44.1 kHz stereo"));
+    std::int64_t last = -1;
+    for (const XString& line : worker.lines) {
+        EXPECT_TRUE(line.StartsWith(L"MSGTO: zTM: ")) << testing::PrintToString(line);
+        if (!line.StartsWith(L"MSGTO: zTM: PCDone: "))
+            continue;
+        EXPECT_GT(line.From(21).ToInt(), last);
+        last = line.From(21).ToInt();
+    }
+    EXPECT_EQ(last, 100);
+}
+
+struct FailureRow {
+    const char* source; // null: there is none
+    const wchar_t* sourceName;
+    const wchar_t* settings;
+    const wchar_t* extra;
+    const wchar_t* error; // part of it
+};
+constexpr FailureRow failureRows[] = {
+    {nullptr, L"a.tone", L"", L"", L"a.tone': File not found"},
+    {"x", L"a.nobody", L"", L"", L"a.nobody': no decoder takes files of the type '.nobody'"},
+    {"", L"a.tone", L"", L"", L"not supported (the fake  decoder's own words)"},
+    {"frames=50000 failat=20000", L"a.tone", L"", L"", L"damaged after 0:00.372 (the fake"},
+    {"frames=20000 announced=50000", L"a.tone", L"", L"", L"truncated: only 0:00.454 of 0:01.134"},
+    {"frames=0 announced=50000 exact=0", L"a.tone", L"", L"", L"no audio"},
+    {tone, L"a.tone", L"failat=20000", L"", L"old.fake': the encoder failed (the fake encoder's own words)"},
+    {tone, L"a.tone", L"crashat=20000", L"", L"a.tone': a codec or effect crashed"},
+    {tone, L"a.tone", L"abortat=20000", L"", L"crashed"},
+    {tone, L"a.tone", L"exitat=20000", L"", L"crashed"},
+    {tone, L"a.tone", L"lose=1", L"", L"instead of 0:01.134"},
+    {tone, L"a.tone", L"wrong=1", L"", L"wrong is not good"},
+    {tone, L"a.tone", L"", L" -dspeffect1=\"Nowhere=\"", L"the effect 'Nowhere' is not installed"},
+    {tone, L"a.tone", L"", L" -dspeffect1=\"Fake=fail=1\"",
+     L"'Fake' can't begin (the fake effect's own words)"},
+};
+
+TEST(Worker, AFailureIsToldAndLeavesTheTargetAsItWas) {
+    for (const FailureRow& row : failureRows) {
+        ScratchFolder folder;
+        WorkerProcess worker(folder);
+        const XString source =
+            row.source ? folder.Write(row.sourceName, row.source) : folder.File(row.sourceName);
+        const XString target = folder.Write(L"old.fake", "old");
+        const int entries = folder.EntryCount();
+        worker.Start(source, target, row.settings, row.extra);
+        const int code = worker.Wait();
+        const XString expected = row.error;
+        EXPECT_GT(code, 0) << testing::PrintToString(expected);
+        EXPECT_EQ(worker.errors.Count(), 1) << testing::PrintToString(worker.ErrorText());
+        EXPECT_NE(worker.ErrorText().Find(row.error), 0)
+            << testing::PrintToString(expected) << " in " << testing::PrintToString(worker.ErrorText());
+        EXPECT_FALSE(worker.Said(L"PCDone: 100"));
+        EXPECT_EQ(FileContent(target), "old");
+        EXPECT_EQ(folder.EntryCount(), entries) << testing::PrintToString(expected);
+    }
+}
+
+TEST(Worker, AFailureTakesBackTheFoldersThatItMade) {
+    ScratchFolder folder;
+    WorkerProcess worker(folder);
+    worker.Start(folder.Write(L"a.tone", tone), folder.File(L"new\\deep\\a.fake"), L"crashat=9000");
+    EXPECT_GT(worker.Wait(), 0);
+    EXPECT_EQ(folder.EntryCount(), 1);
+}
+
+TEST(Worker, OutputsThatCannotBeAreTold) {
+    for (const wchar_t* name : {L"a?.fake", L"a.tone\\b.fake", L"folder"}) {
+        ScratchFolder folder;
+        WorkerProcess worker(folder);
+        EXPECT_TRUE(MakeFolders(folder.File(L"folder")));
+        worker.Start(folder.Write(L"a.tone", tone), folder.File(name));
+        EXPECT_EQ(worker.Wait(), 1) << testing::PrintToString(XString(name));
+        EXPECT_NE(worker.ErrorText().Find(L"Error writing '"), 0);
+        EXPECT_EQ(folder.EntryCount(), 2);
+    }
+}
+
+struct EffectRow {
+    const wchar_t* chain;
+    std::int32_t atZero; // expected sample of frame 0
+    std::int32_t at40000;
+};
+constexpr EffectRow effectRows[] = {
+    {L" -dspeffect1=\"Fake=skip=1\"", 0, 40000},
+    {L" -dspeffect1=\"Multi-CPU Force=-cpu1\" -dspeffect2=\"Fake=gain=3\"", 0, 120000},
+    {L" -dspeffect1=\"Fake=hold=1\" -dspeffect2=\"Fake=gain=2\"", 0, 80000},
+    {L" -dspeffect1=\"Fake=top=1\"", -49999, -9999},
+    // The first pass of the second hears what the first delivers, held frames included.
+    {L" -dspeffect1=\"Fake=gain=2 hold=1\" -dspeffect2=\"Fake=top=1\"", -99998, -19998},
+    // Both learn; the first one again after it ran for the second.
+    {L" -dspeffect1=\"Fake=top=1\" -dspeffect2=\"Fake=gain=2\" -dspeffect3=\"Fake=top=1\"", -99998, -19998},
+};
+
+TEST(Worker, AudioPassesThroughTheEffectsInOrder) {
+    for (const EffectRow& row : effectRows) {
+        ScratchFolder folder;
+        WorkerProcess worker(folder);
+        const XString target = folder.File(L"a.fake");
+        worker.Start(folder.Write(L"a.tone", tone), target, L"", row.chain);
+        const XString chain = row.chain;
+        ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
+        const std::string content = FileContent(target);
+        EXPECT_EQ(FramesOf(content), 50000u) << testing::PrintToString(chain);
+        EXPECT_EQ(SampleOf(content, 0), row.atZero) << testing::PrintToString(chain);
+        EXPECT_EQ(SampleOf(content, 40000), row.at40000) << testing::PrintToString(chain);
+    }
+}
+
+TEST(Worker, SourceAndReadOnlyTargetMayBeOneFile) {
+    ScratchFolder folder;
+    const XString path = folder.File(L"a.fake");
+    {
+        WorkerProcess worker(folder);
+        worker.Start(folder.Write(L"a.tone", tone), path);
+        ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
+    }
+    SetFileAttributesW(path, FILE_ATTRIBUTE_READONLY);
+    WorkerProcess worker(folder);
+    worker.Start(path, path, L"", L" -dspeffect1=\"Fake=gain=2\"");
+    ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
+    EXPECT_EQ(SampleOf(FileContent(path), 700), 1400);
+    EXPECT_EQ(folder.EntryCount(), 2);
+}
+
+TEST(Worker, AnInexactAnnouncementIsNoFailure) {
+    ScratchFolder folder;
+    WorkerProcess worker(folder);
+    worker.Start(folder.Write(L"a.tone", "frames=50000 announced=200000 exact=0"), folder.File(L"a.fake"));
+    EXPECT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
+    EXPECT_TRUE(worker.Said(L"seemed to be 0:04.535 long and is 0:01.134"));
+}
+
+TEST(Worker, MalformedCommandFiles) {
+    for (const wchar_t* text : {L"", L"garbage", L" -infile=\"a\" -outfile=\"b\"",
+                                L" -infile=\"a\" -outfile=\"b\" -convert_to=\"Fake\" -evtquit=\"tm-no-event\""
+                                L" -evtwatchdog=\"tm-no-event\" -batchid=\"1\" "}) {
+        ScratchFolder folder;
+        WorkerProcess worker(folder);
+        worker.StartWithText(text);
+        EXPECT_EQ(worker.Wait(), 4) << testing::PrintToString(XString(text));
+        EXPECT_EQ(worker.errors.Count(), 1);
+        EXPECT_TRUE(worker.lines.IsEmpty());
+    }
+}
+
+} // namespace
