@@ -1,0 +1,127 @@
+// Measurements of the program's own work, printed in milliseconds; scripts/bench.sh calls them.
+//   bench list N                   a list file of N paths: read, sorted, made unique
+//   bench examine N FILE...        N files asked for their format, round robin over FILE
+//   bench loop ENCODER OUT FILE... the same workers as a batch's, two at a time, with no supervision
+#include "engine/WorkerLaunch.h"
+#include "engine/WorkerText.h"
+#include "foundation/XFile.h"
+#include "foundation/XFileSystem.h"
+#include "foundation/XPath.h"
+#include "foundation/XRandom.h"
+#include "host/PluginFolders.h"
+#include "host/ReadAhead.h"
+
+#include "app/ListFile.h"
+
+#include <cstdio>
+
+namespace {
+
+XString Wide(const char* argument) {
+    return XString(argument);
+}
+
+void Report(const char* what, ULONGLONG startedMs, long long count) {
+    std::printf("%s: %lld in %llu ms\n", what, count, GetTickCount64() - startedMs);
+}
+
+int BenchList(int count) {
+    XBuffer bytes;
+    XMersenneTwister random(1);
+    XString text;
+    for (int i = 0; i < count; ++i) {
+        XString line;
+        line.Format(L"D:\\Music\\Artist %d\\Album %d\\%d - Title.flac\r\n", random.Below(500),
+                    random.Below(20), i);
+        text.Extend(line);
+    }
+    XTempFile file;
+    if (!file.MakeNew(L"bnc"))
+        return 1;
+    XFile out(file);
+    if (!out.Open(GENERIC_WRITE, CREATE_ALWAYS) ||
+        !out.Write(text.Text(), static_cast<DWORD>(text.Count()) * sizeof(wchar_t)))
+        return 1;
+    out.Close();
+    clFileList files;
+    const ULONGLONG started = GetTickCount64();
+    LoadListFile(file, files);
+    Report("list", started, files.Count());
+    return 0;
+}
+
+int BenchExamine(int count, char** sources, int sourceCount) {
+    clFileList files;
+    for (int i = 0; i < count; ++i)
+        files.Append()->sourcePath = Wide(sources[i % sourceCount]);
+    clReadAhead order{&files};
+    XEvent quit;
+    quit.Create();
+    const ULONGLONG started = GetTickCount64();
+    ProbeSourceFiles(&quit, &order);
+    Report("examine", started, count);
+    return 0;
+}
+
+// Waits for the first of two processes; a null one is free at once.
+int FreePlace(XKernelHandle (&places)[2]) {
+    for (int i = 0; i < 2; ++i)
+        if (!places[i].IsValid())
+            return i;
+    const HANDLE handles[2] = {places[0].Get(), places[1].Get()};
+    return static_cast<int>(WaitForMultipleObjects(2, handles, FALSE, INFINITE) - WAIT_OBJECT_0);
+}
+
+int BenchLoop(const XString& encoder, const XString& folder, char** sources, int sourceCount) {
+    XKernelHandle places[2];
+    XTempFile commands[2];
+    const XString extension = L"." + encoder.Lower();
+    const ULONGLONG started = GetTickCount64();
+    for (int i = 0; i < sourceCount; ++i) {
+        const int place = FreePlace(places);
+        clJobSlot slot;
+        slot.codecName = encoder;
+        slot.source = Wide(sources[i]);
+        slot.output = AddBackslash(folder) + NameWithoutExtension(slot.source) + extension;
+        const XString text = CommandFileText(slot, clWorkerJob{});
+        XFile command;
+        if (!commands[place].MakeNew(L"bnc"))
+            return 1;
+        command.path = commands[place];
+        if (!command.Open(GENERIC_WRITE, CREATE_ALWAYS) ||
+            !command.Write(text.Text(), static_cast<DWORD>(text.Count()) * sizeof(wchar_t)))
+            return 1;
+        command.Close();
+        XString line = WorkerCommandLine(PluginRoot() + L"Millworker.exe", commands[place]);
+        STARTUPINFOW startup{};
+        startup.cb = sizeof startup;
+        PROCESS_INFORMATION process{};
+        if (!CreateProcessW(nullptr, line.Buffer(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
+                            nullptr, &startup, &process))
+            return 1;
+        CloseHandle(process.hThread);
+        places[place].Reset(process.hProcess);
+    }
+    for (const XKernelHandle& place : places)
+        if (place.IsValid())
+            WaitForSingleObject(place.Get(), INFINITE);
+    Report("loop", started, sourceCount);
+    return 0;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const XString mode = count > 1 ? Wide(arguments[1]) : XString();
+    const int number = count > 2 ? static_cast<int>(Wide(arguments[2]).ToInt()) : 0;
+    if (const wchar_t* root = _wgetenv(L"TM_PROGRAM"))
+        SetPluginRoot(root);
+    if (mode == L"list" && number > 0)
+        return BenchList(number);
+    if (mode == L"examine" && count > 3 && number > 0)
+        return BenchExamine(number, arguments + 3, count - 3);
+    if (mode == L"loop" && count > 4)
+        return BenchLoop(Wide(arguments[2]), Wide(arguments[3]), arguments + 4, count - 4);
+    std::fputs("usage: bench list N | examine N FILE... | loop ENCODER OUT FILE...\n", stderr);
+    return 2;
+}
