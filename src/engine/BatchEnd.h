@@ -2,9 +2,10 @@
 // into the chain, and at the end every effect hears what the batch has done.
 #pragma once
 
-#include "engine/Batch.h"
 #include "engine/Records.h"
 #include "foundation/XTagList.h"
+
+class clBatch;
 
 // "file1_in", "file1_out", and "file1_conversionhaderrors" for failed ones. Portable.
 void FillResultList(const XArray<clBatchResult>& results, XTagList& list);

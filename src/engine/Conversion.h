@@ -8,6 +8,7 @@
 #include "engine/Supervision.h"
 #include "engine/WorkerLaunch.h"
 #include "foundation/XThread.h"
+#include "host/ReadAhead.h"
 
 // What the form is to do after a tick.
 enum class clTickOutcome {
@@ -61,7 +62,6 @@ public:
     clAskOverwrite askOverwrite; // without one, existing files are overwritten
     clScheduler::Launch launch;  // empty: LaunchWorker
     XString workerExecutable;    // empty: the worker beside the program
-    HANDLE workerJob = nullptr;  // see clLaunchContext
 
 private:
     clTickOutcome TickExamining();
@@ -70,8 +70,8 @@ private:
     clTickOutcome TickCancelling();
     [[nodiscard]] clTickOutcome Schedule();
 
+    clReadAhead readAheadWork; // outlives the thread
     XThread readAhead;
-    bool readAheadSuspended = false;
     bool paused = false;
     std::uint32_t pauseStart = 0;
 };

@@ -21,15 +21,14 @@ struct clWorkerLink {
 // What every launch of a batch shares.
 struct clLaunchContext {
     std::uint32_t batchId = 0;
-    XString executable;   // empty: the worker beside the program
-    HANDLE job = nullptr; // if set, workers are put into this job object; borrowed
+    XString executable; // empty: the worker beside the program
 };
 
 // The slot must be free. A failure leaves it free and its reason in the error text.
 void LaunchWorker(clJobSlot& slot, const clFileItem& item, const clLaunchContext& context);
 // Starts the process with its output on the slot's pipes. True if it runs.
-[[nodiscard]] bool StartProcess(clJobSlot& slot, const XString& commandLine, HANDLE job = nullptr);
+[[nodiscard]] bool StartProcess(clJobSlot& slot, const XString& commandLine);
 // Puts a running worker at the slot's priority.
 void ApplyPriority(const clJobSlot& slot);
-// Makes a manual-reset event that nobody else has: prefix and a tick count that counts up.
+// Makes a manual-reset event that nobody else has and returns its name: prefix and a number.
 [[nodiscard]] XString MakeUniqueEvent(XEvent& event, const wchar_t* prefix);
