@@ -43,7 +43,7 @@ XString EffectChainToText(const XArray<clChainEntry>& chain) {
     return text;
 }
 
-XString AppendRequiredEffect(const wchar_t* chainText, const wchar_t* specification) {
+XString AppendRequiredEffect(const wchar_t* chainText, const wchar_t* required) {
     const XKeyValueList options(chainText);
     std::int64_t number = 1;
     while (options.Has(EntryKey(number)))
@@ -51,7 +51,7 @@ XString AppendRequiredEffect(const wchar_t* chainText, const wchar_t* specificat
     XString text = chainText;
     if (!text.IsEmpty())
         text += L" ";
-    return text + EntryText(number, specification);
+    return text + EntryText(number, required);
 }
 
 XString EffectFileName(const XString& chosen) {

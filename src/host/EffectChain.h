@@ -15,8 +15,8 @@ struct clChainEntry {
 void EffectChainFromText(XArray<clChainEntry>& chain, const wchar_t* text);
 // {qt} stands for a double quote in settings; a {qt} of their own comes back as one, too.
 [[nodiscard]] XString EffectChainToText(const XArray<clChainEntry>& chain);
-// One more entry under the first free number; `specification` is "name=settings", taken as it stands.
-[[nodiscard]] XString AppendRequiredEffect(const wchar_t* chainText, const wchar_t* specification);
+// One more entry under the first free number; `required` is "name=settings", taken as it stands.
+[[nodiscard]] XString AppendRequiredEffect(const wchar_t* chainText, const wchar_t* required);
 
 inline constexpr wchar_t effectFileExtension[] = L"dspeffect";
 // The answer of a save dialog, with the extension if it has none.

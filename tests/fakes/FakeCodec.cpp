@@ -22,13 +22,12 @@ FAKE_EXPORT void FAKE_NAME(Destroy)(ZtInstance) {
     --live;
 }
 FAKE_EXPORT std::int32_t FAKE_NAME(Get)(ZtInstance, const wchar_t* key, PluginParams* params) {
-#ifndef FAKE_MUTE
-    params->text1 = L".fake";
-    return key[0] == L'T' ? live : 1;
-#else
+#ifdef FAKE_MUTE
     params->text1 = nullptr;
-    return key[0] == L'T' ? live : 1;
+#else
+    params->text1 = L".fake";
 #endif
+    return key[0] == L'T' ? live : 1;
 }
 FAKE_EXPORT std::int32_t FAKE_NAME(Set)(ZtInstance, const wchar_t*, PluginParams*) {
     return 0;

@@ -18,8 +18,8 @@ TEST_F(Settings, ReadsForgivingly) {
     static const DWORD seven = 7;
     static const Row rows[] = {
         {REG_SZ, L"abc", 8, L"abc", 0, false},
-        {REG_SZ, L"abc", 6, L"abc", 0, false}, // stored without its terminator
-        {REG_SZ, L"ab", 6, L"ab", 0, false},
+        {REG_SZ, L"abc", 6, L"abc", 0, false},                    // stored without its terminator
+        {REG_SZ, L"abcdefghijkl", 24, L"abcdefghijkl", 0, false}, // and without room behind it
         {REG_SZ, L"", 0, L"", 0, true},
         {REG_EXPAND_SZ, L"%TEMP%", 14, L"%TEMP%", 0, false},
         {REG_DWORD, &seven, 4, L"", 7, true},
