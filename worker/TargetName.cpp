@@ -2,6 +2,8 @@
 
 #include "foundation/XPath.h"
 
+#include <initializer_list>
+
 namespace {
 
 constexpr int longestComponent = 255;

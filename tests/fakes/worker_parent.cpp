@@ -10,6 +10,7 @@ int wmain() {
         return 1;
     STARTUPINFOW start{};
     start.cb = sizeof(start);
+    start.dwFlags = STARTF_USESTDHANDLES; // with none: a broken pipe must not be what ends the child
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(nullptr, rest + 1, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
         return 2;

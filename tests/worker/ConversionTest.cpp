@@ -63,7 +63,7 @@ struct FailureRow {
 constexpr FailureRow failureRows[] = {
     {nullptr, L"a.tone", L"", L"", L"a.tone': File not found"},
     {"x", L"a.nobody", L"", L"", L"a.nobody': no decoder takes files of the type '.nobody'"},
-    {"", L"a.tone", L"", L"", L"not supported (the fake  decoder's own words)"},
+    {"", L"a.tone", L"", L"", L"not supported (the fake decoder's own words)"},
     {"frames=50000 failat=20000", L"a.tone", L"", L"", L"damaged after 0:00.372 (the fake"},
     {"frames=20000 announced=50000", L"a.tone", L"", L"", L"truncated: only 0:00.454 of 0:01.134"},
     {"frames=0 announced=50000 exact=0", L"a.tone", L"", L"", L"no audio"},
