@@ -1,0 +1,101 @@
+// What the converting form draws itself: bars and the effects' icons; and the place of the heading.
+#include "engine/WorkerText.h"
+#include "forms/converting/ProgressBar.h"
+#include "forms/converting/Rows.h"
+#include "forms/converting/frmConverting.h"
+#include "resources/ids.h"
+
+namespace {
+
+constexpr int overallBarX = 7; // dialog units
+constexpr int overallBarY = 35;
+constexpr int headingX = 7;
+constexpr int headingY = 7;
+constexpr int headingHeight = 8;
+constexpr int headingBandBottom = 20;
+constexpr int iconX = 9;
+constexpr int effectTextDistance = 36; // pixels from the left of the encoder's icon, as below
+constexpr int effectIconDistance = 42;
+constexpr int effectIconStep = 24;
+constexpr int effectIconMargin = 50;
+constexpr int effectIconEdge = 16;
+
+int TextWidth(HWND window, HGDIOBJ font, const XString& text) {
+    const HDC dc = GetDC(window);
+    SIZE size{};
+    {
+        const XSelected selected(dc, font);
+        GetTextExtentPoint32W(dc, text, text.Count(), &size);
+    }
+    ReleaseDC(window, dc);
+    return size.cx;
+}
+
+RECT SizedRect(POINT at, int width, int height) {
+    return {at.x, at.y, at.x + ScaleToDpi(width), at.y + ScaleToDpi(height)};
+}
+
+} // namespace
+
+RECT frmConverting::OverallBar() const {
+    return SizedRect(FromDialogUnits(overallBarX, overallBarY), overallBarWidth, overallBarHeight);
+}
+
+RECT frmConverting::RowBar(int slot) const {
+    return SizedRect(FromDialogUnits(rowBarX, rowControls[slot].y), rowBarWidth, rowBarHeight);
+}
+
+void frmConverting::InvalidateOverallBar() {
+    const RECT bar = OverallBar();
+    InvalidateRect(Hwnd, &bar, FALSE);
+}
+
+void frmConverting::PlaceHeading() {
+    const int width = TextWidth(Hwnd, textFont.Get(), shown.heading) + 2;
+    constexpr UINT flags = SWP_NOZORDER | SWP_NOACTIVATE;
+    SetWindowPos(Control(ID_HEADING), nullptr, 0, 0, width, FromDialogUnits(0, headingHeight).y,
+                 flags | SWP_NOMOVE);
+    const POINT icon = FromDialogUnits(iconX, headingY);
+    SetWindowPos(Control(ID_ENCODER_ICON), nullptr, icon.x + 1 + width, icon.y, 0, 0, flags | SWP_NOSIZE);
+    RECT client{};
+    GetClientRect(Hwnd, &client);
+    const POINT from = FromDialogUnits(headingX, headingY);
+    const RECT band = {from.x, from.y, client.right, FromDialogUnits(0, headingBandBottom).y};
+    InvalidateRect(Hwnd, &band, TRUE);
+}
+
+void frmConverting::Paint() {
+    PAINTSTRUCT paint{};
+    const HDC dc = BeginPaint(Hwnd, &paint);
+    PaintEffects(dc);
+    DrawProgressBar(dc, OverallBar(), static_cast<int>(conversion.overallPercent));
+    if (conversion.AreRowsShown())
+        for (int i = 0; i < conversion.scheduler.slots.Count(); ++i)
+            DrawProgressBar(dc, RowBar(i), PercentToShow(conversion.scheduler.slots[i]));
+    EndPaint(Hwnd, &paint);
+}
+
+void frmConverting::PaintEffects(HDC dc) {
+    if (effectIcons.IsEmpty())
+        return;
+    RECT icon{};
+    RECT client{};
+    GetWindowRect(Control(ID_ENCODER_ICON), &icon);
+    MapWindowPoints(nullptr, Hwnd, reinterpret_cast<POINT*>(&icon), 2);
+    GetClientRect(Hwnd, &client);
+
+    const XString text = effectIcons.Count() == 1 ? L"DSP: " : L"DSPs: ";
+    {
+        const XSelected font(dc, textFont.Get());
+        SetBkMode(dc, TRANSPARENT);
+        SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
+        TextOutW(dc, icon.left + effectTextDistance, icon.top + 2, text, text.Count());
+    }
+    int x = icon.left + effectIconDistance + TextWidth(Hwnd, textFont.Get(), text);
+    for (const XIcon& effect : effectIcons) {
+        if (x > client.right - effectIconMargin)
+            return;
+        DrawIconEx(dc, x, icon.top, effect.Get(), effectIconEdge, effectIconEdge, 0, nullptr, DI_NORMAL);
+        x += effectIconStep;
+    }
+}

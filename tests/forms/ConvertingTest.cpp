@@ -1,0 +1,223 @@
+// The converting form inside its modal loop, with work that is done without a worker process.
+#include "forms/converting/frmConverting.h"
+
+#include "FormDriver.h"
+#include "engine/WorkerText.h"
+#include "forms/converting/Rows.h"
+#include "host/Settings.h"
+#include "resources/ids.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class Converting : public testing::Test {
+protected:
+    Converting() {
+        RegWriteString(L"NoSuchEncoder", Setting::lastCodec);
+        powerFunction = [](std::int32_t action) { powerAction = action; };
+        powerAction = -1;
+    }
+
+    void AddFiles(int count) {
+        for (int i = 0; i < count; ++i) {
+            XString path = L"Q:\\none\\" + DecimalText(i);
+            path += L".wav";
+            files.Append()->sourcePath = path;
+        }
+    }
+    void ForceSlots(const wchar_t* processors) {
+        RegWriteString(XString(L"-dspeffect1=\"Multi-CPU Force=") + processors + L"\"", Setting::effectChain,
+                       HKEY_CURRENT_USER, SettingsPath(L"\\zTMCodec\\NoSuchEncoder"));
+    }
+
+    // Each file is done at once.
+    static void Complete(clJobSlot& slot, const clFileItem& item) {
+        PrepareSlotForFile(slot, item.sourcePath, item.outputPath, 1000);
+        FreeSlot(slot);
+    }
+    static void Fail(clJobSlot& slot, const clFileItem& item) {
+        Complete(slot, item);
+        AddLine(slot.errorText, L"no such file");
+    }
+    static bool Press(int button) {
+        const HWND form = FindForm(ID_HEADING);
+        if (!form || !GetDlgItem(form, button))
+            return false;
+        PostMessageW(form, WM_COMMAND, static_cast<WPARAM>(button), 0);
+        return true;
+    }
+
+    static std::int32_t powerAction;
+    TestSettings settings;
+    clFileList files;
+    clConvertingSeams seams{{}, Complete};
+};
+std::int32_t Converting::powerAction = -1;
+
+TEST_F(Converting, RunsToItsFinishedStateAndWaits) {
+    AddFiles(3);
+    RECT place{};
+    const FormDriver driver({
+        [] { return TextOf(FindForm(ID_BUTTON_FINISH)) == L"[Finished] Zephtone Tonemill"; },
+        [&] {
+            const HWND form = FindForm(ID_BUTTON_FINISH);
+            EXPECT_EQ(TextOf(form, ID_HEADING), XString(L"Converted 3 Files to NoSuchEncoder"));
+            EXPECT_TRUE(TextOf(form, ID_STATUS).StartsWith(L"Completed in "));
+            EXPECT_EQ(TextOf(form, ID_ELAPSED), XString());
+            EXPECT_EQ(GetDlgItem(form, ID_BUTTON_CANCEL), nullptr);
+            EXPECT_FALSE(IsWindowEnabled(GetDlgItem(form, ID_BUTTON_PAUSE)));
+            EXPECT_EQ(GetFocus(), GetDlgItem(form, ID_BUTTON_FINISH));
+            GetWindowRect(form, &place);
+            return Press(ID_BUTTON_FINISH);
+        },
+    });
+    { const frmConverting form(files, seams); }
+    EXPECT_TRUE(driver.IsDone());
+    EXPECT_EQ(RegReadDword(Setting::formX), static_cast<DWORD>(place.left));
+    EXPECT_EQ(RegReadDword(Setting::formY), static_cast<DWORD>(place.top));
+    EXPECT_EQ(powerAction, -1);
+    EXPECT_EQ(files[2].outputPath, XString(L"Q:\\none\\2"));
+}
+
+TEST_F(Converting, ClosesByItselfAndPerformsTheChosenAction) {
+    AddFiles(1);
+    RegWriteDword(1, Setting::skippedFinish);
+    seams.launch = [](clJobSlot& slot, const clFileItem& item) {
+        SendMessageW(FindForm(ID_HEADING), WM_COMMAND, ID_AFTER_HIBERNATE, 0);
+        Complete(slot, item);
+    };
+    { const frmConverting form(files, seams); }
+    EXPECT_EQ(powerAction, afterHibernate);
+}
+
+TEST_F(Converting, ShowsAsManyRowsAsSlots) {
+    AddFiles(2);
+    ForceSlots(L"-cpu1 -cpu3 -cpu5 -noally");
+    RegWriteDword(50, Setting::formX);
+    RegWriteDword(60, Setting::formY);
+    const FormDriver driver({
+        [] { return FindForm(ID_BUTTON_FINISH) != nullptr; },
+        [] {
+            const HWND form = FindForm(ID_BUTTON_FINISH);
+            for (int i = 0; i < maximumSlots; ++i)
+                for (const int id : {rowControls[i].text, rowControls[i].label, rowControls[i].icon})
+                    EXPECT_EQ(IsWindowVisible(GetDlgItem(form, id)) != 0, i < 3) << id;
+            RECT wanted = {0, 0, 340, 87 + 3 * 25};
+            MapDialogRect(form, &wanted);
+            RECT client{};
+            GetClientRect(form, &client);
+            EXPECT_EQ(client.bottom, wanted.bottom);
+            RECT window{};
+            GetWindowRect(form, &window);
+            EXPECT_EQ(window.left, 50);
+            EXPECT_EQ(window.top, 60);
+            return Press(ID_BUTTON_FINISH);
+        },
+    });
+    { const frmConverting form(files, seams); }
+    EXPECT_TRUE(driver.IsDone());
+}
+
+TEST_F(Converting, ErrorsSkipTheWaitAndAreShownUnlessUnwanted) {
+    AddFiles(2);
+    seams.launch = Fail;
+    const XString log =
+        L"Errors:\r\nQ:\\none\\0.wav\r\n    no such file\r\nQ:\\none\\1.wav\r\n    no such file\r\n\r\n";
+    {
+        const FormDriver driver({[&] {
+            const HWND box = FindBox(log);
+            return box && EndDialog(box, IDOK);
+        }});
+        const frmConverting form(files, seams);
+        EXPECT_TRUE(driver.IsDone());
+    }
+    RegWriteDword(1, Setting::noDisplayError);
+    const DWORD start = GetTickCount();
+    const FormDriver driver({[start] { return GetTickCount() - start > 20000; }}); // only its limit counts
+    const frmConverting form(files, seams);
+    EXPECT_LT(GetTickCount() - start, 15000U);
+}
+
+TEST_F(Converting, CancelAsksAndEndsWithoutBatchEnd) {
+    AddFiles(2000); // one a tick: far from done when the box is answered
+    seams.launch = [](clJobSlot&, const clFileItem&) {};
+    ForceSlots(L"-cpu1");
+    const auto answer = [](int button) {
+        return [button] {
+            const HWND box = FindBox(L"Cancel Conversion?");
+            return box && PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+        };
+    };
+    const auto close = [] {
+        const HWND form = FindForm(ID_BUTTON_CANCEL);
+        return form && PostMessageW(form, WM_CLOSE, 0, 0);
+    };
+    const auto boxIsGone = [] { return FindBox(L"Cancel Conversion?") == nullptr; };
+    const FormDriver driver(
+        {close, answer(IDNO), boxIsGone, [] { return Press(ID_BUTTON_CANCEL); }, answer(IDYES)});
+    { const frmConverting form(files, seams); }
+    EXPECT_TRUE(driver.IsDone());
+}
+
+TEST_F(Converting, PauseHoldsTheBatch) {
+    AddFiles(1);
+    RegWriteDword(1, Setting::skippedFinish);
+    DWORD paused = 0;
+    int launched = 0;
+    seams.launch = [&](clJobSlot& slot, const clFileItem& item) {
+        ++launched;
+        Complete(slot, item);
+    };
+    const FormDriver driver({
+        [] {
+            const HWND form = FindForm(ID_BUTTON_PAUSE);
+            return form && SendMessageW(form, WM_COMMAND, ID_BUTTON_PAUSE, 0) == 0;
+        },
+        [&] {
+            paused = GetTickCount();
+            return SendDlgItemMessageW(FindForm(ID_BUTTON_PAUSE), ID_BUTTON_PAUSE, BM_GETCHECK, 0, 0) ==
+                   BST_CHECKED;
+        },
+        [&] { return GetTickCount() - paused > 300; },
+        [&] {
+            EXPECT_EQ(launched, 0);
+            return Press(ID_BUTTON_PAUSE);
+        },
+    });
+    { const frmConverting form(files, seams); }
+    EXPECT_TRUE(driver.IsDone());
+    EXPECT_EQ(launched, 1);
+}
+
+TEST_F(Converting, AsksOnceAboutFilesThatExist) {
+    wchar_t folder[MAX_PATH];
+    GetTempPathW(MAX_PATH, folder);
+    const XString output = XString(folder) + L"tm-form-exists";
+    const HANDLE made = CreateFileW(output, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    ASSERT_NE(made, INVALID_HANDLE_VALUE);
+    CloseHandle(made);
+    struct Row {
+        int answer, launched;
+    };
+    for (const Row& row : {Row{IDYES, 1}, Row{IDNO, 0}, Row{IDCANCEL, 0}}) {
+        clFileList list;
+        list.Append()->sourcePath = output + L".wav";
+        int launched = 0;
+        seams.launch = [&](clJobSlot& slot, const clFileItem& item) {
+            ++launched;
+            Complete(slot, item);
+        };
+        RegWriteDword(1, Setting::skippedFinish);
+        const FormDriver driver({[&] {
+            const HWND box = FindBoxOf(FindForm(ID_HEADING));
+            return box && PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(row.answer), 0);
+        }});
+        { const frmConverting form(list, seams); }
+        EXPECT_TRUE(driver.IsDone()) << row.answer;
+        EXPECT_EQ(launched, row.launched) << row.answer;
+    }
+    DeleteFileW(output);
+}
+
+} // namespace

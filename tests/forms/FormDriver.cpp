@@ -1,0 +1,111 @@
+// Timer, search of windows and settings for the tests of forms.
+#include "FormDriver.h"
+
+#include "host/Settings.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr wchar_t testKey[] = L"Software\\TonemillFormTests";
+FormDriver* driver = nullptr;
+
+struct Search {
+    std::function<bool(HWND)> matches;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK TryWindow(HWND window, LPARAM parameter) {
+    auto* search = reinterpret_cast<Search*>(parameter);
+    if (!search->matches(window))
+        return TRUE;
+    search->found = window;
+    return FALSE;
+}
+
+HWND FindTop(std::function<bool(HWND)> matches) {
+    Search search{std::move(matches)};
+    EnumThreadWindows(GetCurrentThreadId(), TryWindow, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+} // namespace
+
+TestSettings::TestSettings() {
+    RegDeleteTree(HKEY_CURRENT_USER, L"Software", L"TonemillFormTests");
+    SetSettingsRoot(HKEY_CURRENT_USER, testKey);
+}
+
+TestSettings::~TestSettings() {
+    RegDeleteTree(HKEY_CURRENT_USER, L"Software", L"TonemillFormTests");
+}
+
+FormDriver::FormDriver(std::vector<Step> steps, DWORD limitMs)
+    : steps(std::move(steps)), start(GetTickCount()), limitMs(limitMs),
+      timer(SetTimer(nullptr, 0, 10, OnTimer)) {
+    driver = this;
+}
+
+FormDriver::~FormDriver() {
+    KillTimer(nullptr, timer);
+    driver = nullptr;
+}
+
+void FormDriver::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
+    if (driver && !driver->isInStep)
+        driver->TryStep();
+}
+
+void FormDriver::TryStep() {
+    if (GetTickCount() - start > limitMs) {
+        GiveUp();
+        return;
+    }
+    if (IsDone())
+        return;
+    isInStep = true;
+    const std::size_t step = next; // a step may run a loop of its own
+    if (steps[step]())
+        next = step + 1;
+    isInStep = false;
+}
+
+// Ends whatever is open, so that the failure is reported and does not hang.
+void FormDriver::GiveUp() {
+    ADD_FAILURE() << "step " << next << " did not come about in " << limitMs << " ms";
+    start = GetTickCount();
+    while (const HWND open = FindTop([](HWND window) {
+               wchar_t name[16] = L"";
+               GetClassNameW(window, name, 16);
+               return XString(name) == L"#32770" && GetPropW(window, L"tm-ended") == nullptr;
+           })) {
+        SetPropW(open, L"tm-ended", open);
+        EndDialog(open, IDCANCEL);
+    }
+}
+
+HWND FindForm(int controlId) {
+    return FindTop([controlId](HWND window) { return GetDlgItem(window, controlId) != nullptr; });
+}
+
+HWND FindBox(const wchar_t* text) {
+    return FindTop([text](HWND window) { return IsWindowVisible(window) && TextOf(window, 0xFFFF) == text; });
+}
+
+HWND FindBoxOf(HWND form) {
+    return FindTop([form](HWND window) {
+        return IsWindowVisible(window) && form && GetWindow(window, GW_OWNER) == form &&
+               GetDlgItem(window, 0xFFFF);
+    });
+}
+
+XString TextOf(HWND window) {
+    wchar_t text[512] = L"";
+    GetWindowTextW(window, text, 512);
+    return text;
+}
+
+XString TextOf(HWND form, int controlId) {
+    const HWND control = GetDlgItem(form, controlId);
+    return control ? TextOf(control) : XString();
+}
