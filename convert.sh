@@ -64,13 +64,11 @@ key='HKEY_CURRENT_USER\Software\Vantrel\Zephtone'
     printf '"ZTMDSPEffects"="%s"\n' "$(registry_text "$chain")"
     printf '"zTM_CLI"="%s"\n' "$(registry_text "$settings")"
 } | { printf '\xff\xfe'; iconv -f UTF-8 -t UTF-16LE; } >"$job/recipe.reg"
-# A .cmd file hands over the command line as it stands, quotes included.
-printf '@Tonemill.exe -list_to_conv="C:\\tonemill-job\\list.txt" -conv_to_format="%s" -skip_ready_to_conv\r\n' \
-    "$encoder" >"$job/run.cmd"
-
 cd "$root/build/Tonemill"
 tm_with_home wine regedit /S 'C:\tonemill-job\recipe.reg' </dev/null >/dev/null 2>&1
-tm_with_home wine cmd /c 'C:\tonemill-job\run.cmd' </dev/null >"$job/run.log" 2>&1 || true
+# As two words each, since Wine puts quotes around a whole word and not around a value in it.
+tm_with_home wine Tonemill.exe -list_to_conv 'C:\tonemill-job\list.txt' -conv_to_format "$encoder" \
+    -skip_ready_to_conv </dev/null >"$job/run.log" 2>&1 || true
 
 if [ ! -e "$job/report.txt" ]; then
     echo "convert.sh: the batch ended without a report" >&2

@@ -75,6 +75,7 @@ int FreePlace(XKernelHandle (&places)[2]) {
 int BenchLoop(const XString& encoder, const XString& folder, char** sources, int sourceCount) {
     XKernelHandle places[2];
     XTempFile commands[2];
+    XEvent events[2][2];
     const XString extension = L"." + encoder.Lower();
     const ULONGLONG started = GetTickCount64();
     for (int i = 0; i < sourceCount; ++i) {
@@ -83,7 +84,10 @@ int BenchLoop(const XString& encoder, const XString& folder, char** sources, int
         slot.codecName = encoder;
         slot.source = Wide(sources[i]);
         slot.output = AddBackslash(folder) + NameWithoutExtension(slot.source) + extension;
-        const XString text = CommandFileText(slot, clWorkerJob{});
+        clWorkerJob job;
+        job.quitEvent = MakeUniqueEvent(events[place][0], L"bench-quit-");
+        job.watchdogEvent = MakeUniqueEvent(events[place][1], L"bench-watch-");
+        const XString text = CommandFileText(slot, job);
         XFile command;
         if (!commands[place].MakeNew(L"bnc"))
             return 1;
