@@ -10,9 +10,9 @@ namespace {
 constexpr int floatBits = 24;
 
 template <int bytes>
-void PackRight(const std::int32_t* in, unsigned char* out, std::size_t count, int shift) noexcept {
+void PackRight(const std::int32_t* in, unsigned char* out, std::size_t count) noexcept {
     for (std::size_t i = 0; i < count; ++i) {
-        const std::uint32_t value = static_cast<std::uint32_t>(in[i]) << shift;
+        const std::uint32_t value = static_cast<std::uint32_t>(in[i]);
         for (int b = 0; b < bytes; ++b)
             *out++ = static_cast<unsigned char>(value >> (8 * b));
     }
@@ -32,21 +32,20 @@ void AlignLeft(const std::int32_t* in, std::int32_t* out, std::size_t count, int
         out[i] = static_cast<std::int32_t>(static_cast<std::uint32_t>(in[i]) << shift);
 }
 
-void PackSamples(const std::int32_t* in, unsigned char* out, std::size_t count, int bytes,
-                 int shift) noexcept {
+void PackSamples(const std::int32_t* in, unsigned char* out, std::size_t count, int bytes) noexcept {
     switch (bytes) {
     case 1:
         for (std::size_t i = 0; i < count; ++i)
-            out[i] = static_cast<unsigned char>((static_cast<std::uint32_t>(in[i]) << shift) + 128);
+            out[i] = static_cast<unsigned char>(in[i] + 128);
         break;
     case 2:
-        PackRight<2>(in, out, count, shift);
+        PackRight<2>(in, out, count);
         break;
     case 3:
-        PackRight<3>(in, out, count, shift);
+        PackRight<3>(in, out, count);
         break;
     default:
-        PackRight<4>(in, out, count, shift);
+        PackRight<4>(in, out, count);
         break;
     }
 }

@@ -11,9 +11,8 @@ void IntToFloat(const std::int32_t* in, float* out, std::size_t count, int bits)
 // To the top of the 32 bits, where some encoders want them.
 void AlignLeft(const std::int32_t* in, std::int32_t* out, std::size_t count, int bits) noexcept;
 // Little-endian, `bytes` 1 to 4 per sample; one byte is unsigned with 128 as silence, as in wave
-// files. `shift` moves samples up whose depth is no multiple of 8.
-void PackSamples(const std::int32_t* in, unsigned char* out, std::size_t count, int bytes,
-                 int shift) noexcept;
+// files.
+void PackSamples(const std::int32_t* in, unsigned char* out, std::size_t count, int bytes) noexcept;
 
 // Brings samples of one kind and depth to an integer depth, with clipping. Where depth is lost it
 // rounds with triangular dither (TPDF, 2 LSB wide), but only from the first sample on that does not

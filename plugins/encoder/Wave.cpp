@@ -24,8 +24,9 @@ WaveLayout LayoutOf(const PcmFormat& source, const wchar_t* text) {
     WaveLayout layout;
     const XString kind = settings.Word(L"format", L"source");
     layout.isFloat = kind.EqualsNoCase(L"float") || (kind.EqualsNoCase(L"source") && source.isFloat);
-    layout.validBits = layout.isFloat ? 32 : static_cast<int>(settings.Number(L"format", source.bits));
-    layout.sampleBytes = (layout.validBits + 7) / 8;
+    // Odd depths move up to whole bytes: few readers accept padded samples.
+    const std::int64_t bits = layout.isFloat ? 32 : settings.Number(L"format", source.bits);
+    layout.sampleBytes = static_cast<int>((bits + 7) / 8);
     layout.channels = static_cast<int>(settings.Number(L"channels", source.channels));
     layout.frequency = static_cast<std::uint32_t>(settings.Number(L"rate", source.frequency));
     if (layout.channels == source.channels)
@@ -80,7 +81,7 @@ bool clWaveEncoder::Begin(const EncoderBeginBlock& block) {
         return false;
     const bool floatsCome = resamples || format.isFloat;
     widens = layout.isFloat && !floatsCome;
-    depth.Open(floatsCome, format.bits, layout.validBits);
+    depth.Open(floatsCome, format.bits, layout.sampleBytes * 8);
     dataBytes = 0;
     tags.Clear();
     if (block.tagData)
@@ -102,9 +103,8 @@ bool clWaveEncoder::WriteSamples(const void* samples, std::uint32_t frames) {
     if (layout.isFloat)
         return file.Write(samples, bytes) || FileFailed();
     const std::int32_t* values = depth.Convert(samples, count);
-    const int shift = layout.sampleBytes * 8 - layout.validBits; // wave files hold odd depths at the top
     packed.resize(std::max<std::size_t>(packed.size(), static_cast<std::size_t>(bytes)));
-    PackSamples(values, packed.data(), count, layout.sampleBytes, shift);
+    PackSamples(values, packed.data(), count, layout.sampleBytes);
     return file.Write(packed.data(), bytes) || FileFailed();
 }
 

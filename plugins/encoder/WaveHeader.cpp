@@ -30,7 +30,7 @@ public:
 };
 
 bool IsExtensible(const WaveLayout& layout) noexcept {
-    return layout.channels > 2 || layout.sampleBytes > 2 || layout.validBits != layout.sampleBytes * 8;
+    return layout.channels > 2 || layout.sampleBytes > 2;
 }
 
 void PutFormat(ChunkWriter& chunk, const WaveLayout& layout) {
@@ -47,7 +47,7 @@ void PutFormat(ChunkWriter& chunk, const WaveLayout& layout) {
     if (!extensible)
         return;
     chunk.Number(22, 2);
-    chunk.Number(static_cast<std::uint64_t>(layout.validBits), 2);
+    chunk.Number(static_cast<std::uint64_t>(layout.sampleBytes) * 8, 2);
     chunk.Number(layout.channelMask, 4);
     chunk.Number(tag, 2);
     chunk.Raw(subtypeTail, sizeof subtypeTail);

@@ -10,7 +10,6 @@ using ByteVector = std::vector<unsigned char>;
 
 struct WaveLayout {
     bool isFloat = false;
-    int validBits = 16;
     int sampleBytes = 2;
     int channels = 2;
     std::uint32_t frequency = 44100;

@@ -1,0 +1,144 @@
+// The worker's side of the encoder contract, reduced to what the tests need.
+#include "EncoderDriver.h"
+
+#include "foundation/XBuffer.h"
+#include "foundation/XFile.h"
+#include "foundation/XFileSystem.h"
+#include "foundation/XPath.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace {
+constexpr std::size_t blockFrames[] = {1, 4096, 777, 20001, 13};
+}
+
+// The tests run from <build>/tests/plugins.
+XString TestedProgramFolder() {
+    XString folder = StripBackslash(ProgramFolder()), last;
+    PopLastFolder(last, folder);
+    PopLastFolder(last, folder);
+    return AddBackslash(folder) + L"Tonemill\\";
+}
+
+AudioFormatRecord IntegerFormat(int channels, int bits, std::uint32_t frequency) {
+    AudioFormatRecord format{};
+    format.sampleKind = ztSampleInteger;
+    format.channels = static_cast<std::uint16_t>(channels);
+    format.bitsPerSample = static_cast<std::uint16_t>(bits);
+    format.frequency = frequency;
+    format.sampleBytes = 4;
+    return format;
+}
+
+AudioFormatRecord FloatFormat(int channels, std::uint32_t frequency) {
+    AudioFormatRecord format = IntegerFormat(channels, 32, frequency);
+    format.sampleKind = ztSampleFloat;
+    return format;
+}
+
+std::vector<std::int32_t> TestSignal(const AudioFormatRecord& format, std::size_t frames) {
+    std::vector<std::int32_t> samples(frames * format.channels);
+    std::uint32_t random = 12345;
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        const double frame = static_cast<double>(i / format.channels);
+        const double pitch = 200.0 * static_cast<double>(i % format.channels + 1);
+        random = random * 1664525 + 1013904223;
+        const double noise = static_cast<double>(random >> 8) / 16777216.0 - 0.5;
+        const double value = 0.7 * std::sin(6.283185307 * pitch * frame / format.frequency) + 0.2 * noise;
+        if (format.sampleKind == ztSampleFloat) {
+            const float narrow = static_cast<float>(value);
+            std::memcpy(&samples[i], &narrow, sizeof narrow);
+        } else {
+            samples[i] =
+                static_cast<std::int32_t>(value * static_cast<double>(1u << (format.bitsPerSample - 1)));
+        }
+    }
+    return samples;
+}
+
+template <class Function>
+void EncoderDriver::Bind(Function& function, const char* name) {
+    function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module.Get(), name)));
+}
+
+EncoderDriver::EncoderDriver(const wchar_t* name) {
+    const XString folder = TestedProgramFolder();
+    SetDllDirectoryW(folder); // where the libraries stand that plug-ins import
+    module.Reset(LoadLibraryW(folder + L"encoder\\" + name + L".dll"));
+    if (!module.IsValid())
+        return;
+    EncoderCreate create = nullptr;
+    Bind(create, "ENC_Create");
+    Bind(destroy, "ENC_Destroy");
+    Bind(get, "ENC_Get");
+    Bind(showPanel, "ENC_ShowConfigBit");
+    Bind(removePanel, "ENC_RemoveConfigBit");
+    Bind(begin, "ENC_BeginConversion");
+    Bind(encode, "ENC_EncodeBlock");
+    Bind(end, "ENC_EndConversion");
+    PluginCreateBlock block{};
+    instance = create(&block);
+    if (output.MakeNew(L"enc"))
+        outputPath = output;
+}
+
+EncoderDriver::~EncoderDriver() {
+    if (instance)
+        destroy(instance);
+}
+
+bool EncoderDriver::Convert(const AudioFormatRecord& format, const std::vector<std::int32_t>& samples,
+                            const wchar_t* settings, const XTagList* tags) {
+    XBuffer image;
+    EncoderBeginBlock block{};
+    block.size = sizeof block;
+    block.outputPath = outputPath;
+    block.settings = settings;
+    block.format = &format;
+    if (tags && tags->Serialize(image)) {
+        block.tagData = image.data;
+        block.tagDataSize = static_cast<std::uint32_t>(image.size);
+    }
+    if (!begin(instance, &block))
+        return false;
+    const std::size_t frames = samples.size() / format.channels;
+    std::size_t done = 0;
+    for (std::size_t i = 0; done < frames; ++i) {
+        const std::size_t run = std::min(frames - done, blockFrames[i % std::size(blockFrames)]);
+        if (!encode(instance, samples.data() + done * format.channels, static_cast<std::uint32_t>(run)))
+            return false;
+        done += run;
+    }
+    if (!end(instance, 1))
+        return false;
+    XBuffer file;
+    if (!ReadWholeFile(outputPath, file))
+        return false;
+    bytes.assign(file.Bytes(), file.Bytes() + file.size);
+    return true;
+}
+
+XString EncoderDriver::LastError() {
+    PluginParams params{};
+    return get(instance, L"Last Error", &params) ? XString(params.text1) : XString();
+}
+
+std::uint64_t LittleAt(const std::vector<unsigned char>& bytes, std::size_t at, int count) {
+    std::uint64_t value = 0;
+    for (int i = count - 1; i >= 0; --i)
+        value =
+            value << 8 |
+            (at + static_cast<std::size_t>(i) < bytes.size() ? bytes[at + static_cast<std::size_t>(i)] : 0);
+    return value;
+}
+
+std::uint64_t BigAt(const std::vector<unsigned char>& bytes, std::size_t at, int count) {
+    std::uint64_t value = 0;
+    for (int i = 0; i < count; ++i)
+        value =
+            value << 8 |
+            (at + static_cast<std::size_t>(i) < bytes.size() ? bytes[at + static_cast<std::size_t>(i)] : 0);
+    return value;
+}
