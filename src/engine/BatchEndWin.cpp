@@ -15,7 +15,7 @@ void TellEffect(const clChainEntry& entry, const clConversionSetup& setup, std::
     if (!clZtCodecHandler::LoadDSP(entry.name, effect, &create))
         return;
     PluginParams params{};
-    params.dataSize = static_cast<std::uint32_t>(image.fill);
+    params.dataSize = static_cast<std::uint32_t>(image.size);
     params.number = batchId;
     params.text1 = entry.settings;
     params.text2 = setup.encoderSettings;

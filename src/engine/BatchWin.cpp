@@ -30,6 +30,5 @@ void clBatch::RemoveFolder() {
     if (temporaryFolder.IsEmpty())
         return;
     DeleteTree(temporaryFolder);
-    RemoveDirectoryW(LongPath(temporaryFolder, longFolderLimit)); // if only the content went
     temporaryFolder.Clear();
 }
