@@ -94,8 +94,9 @@ TEST(WorkerText, ReadsMessages) {
         EXPECT_EQ(slot.actionInput, XString(row.input));
         EXPECT_EQ(slot.actionOutput, XString(row.output));
         ASSERT_EQ(slot.reportedNames.Count(), row.name ? 1 : 0);
-        if (row.name)
+        if (row.name) {
             EXPECT_EQ(slot.reportedNames[0], XString(row.name));
+        }
     }
 }
 
@@ -147,8 +148,9 @@ TEST(WorkerText, RotatesBetweenTheTextsThatThereAre) {
         slot.actionOutput = row.output;
         for (std::uint32_t step = 1; step <= 48; ++step) {
             RotateRowText(slot, step * 50);
-            if (step == 15 || step % 16 == 0)
+            if (step == 15 || step % 16 == 0) {
                 EXPECT_EQ(slot.shownText, XString(row.shown[step == 15 ? 0 : step / 16])) << step;
+            }
         }
     }
 }
