@@ -1,0 +1,23 @@
+// The generator against the numbers of its publication.
+#include "foundation/XRandom.h"
+
+#include <gtest/gtest.h>
+
+TEST(XRandom, GivesTheKnownSequence) {
+    XMersenneTwister random(5489);
+    EXPECT_EQ(random.Next(), 3499211612u);
+    for (int i = 2; i < 10000; ++i)
+        static_cast<void>(random.Next());
+    EXPECT_EQ(random.Next(), 4123659995u);
+}
+
+TEST(XRandom, StaysBelowItsRange) {
+    XMersenneTwister random(1);
+    EXPECT_EQ(random.Below(0), 0u);
+    EXPECT_EQ(random.Below(1), 0u);
+    bool seen[10] = {};
+    for (int i = 0; i < 1000; ++i)
+        seen[random.Below(10)] = true;
+    for (const bool one : seen)
+        EXPECT_TRUE(one);
+}

@@ -1,0 +1,52 @@
+// Texts that come from the system: registry values and the regional settings.
+#include "foundation/XHandles.h"
+#include "foundation/XKeyValueList.h"
+#include "foundation/XNumberText.h"
+#include "foundation/XRegistryText.h"
+
+#include <gtest/gtest.h>
+
+TEST(XSystemText, RegistryTexts) {
+    constexpr wchar_t subkey[] = L"Software\\TonemillTestText";
+    HKEY opened = nullptr;
+    ASSERT_EQ(
+        RegCreateKeyExW(HKEY_CURRENT_USER, subkey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &opened, nullptr),
+        0);
+    const XRegistryKey key(opened);
+    struct Row {
+        const wchar_t* name;
+        DWORD type;
+        const wchar_t* stored;
+        DWORD bytes;
+        const wchar_t* expected;
+    };
+    constexpr Row rows[] = {
+        {L"", REG_SZ, L"unnamed", 16, L"unnamed"},
+        {L"open", REG_SZ, L"abcd", 6, L"abc"}, // stored without its terminator
+        {L"raw", REG_EXPAND_SZ, L"%X%", 8, L"%X%"},
+        {L"number", REG_DWORD, L"ab", 4, L""},
+        {L"odd", REG_SZ, L"ab", 3, L"a"},
+        {L"empty", REG_SZ, L"", 0, L""},
+    };
+    for (const Row& row : rows) {
+        ASSERT_EQ(RegSetValueExW(key.Get(), row.name, 0, row.type, reinterpret_cast<const BYTE*>(row.stored),
+                                 row.bytes),
+                  0);
+        EXPECT_EQ(ReadRegistryText(HKEY_CURRENT_USER, subkey, row.name), row.expected)
+            << testing::PrintToString(XString(row.name));
+    }
+    EXPECT_EQ(ReadRegistryText(HKEY_CURRENT_USER, subkey, L"missing"), L"");
+    EXPECT_EQ(ReadRegistryText(HKEY_CURRENT_USER, L"Software\\TonemillNoSuchKey", L""), L"");
+    RegDeleteKeyW(HKEY_CURRENT_USER, subkey);
+}
+
+TEST(XSystemText, RegionalSettingsAreThoseOfTheUser) {
+    LoadLocaleNumbers();
+    const XString stored = ReadRegistryText(HKEY_CURRENT_USER, L"Control Panel\\International", L"sThousand");
+    EXPECT_TRUE(LocaleNumbers().loaded);
+    EXPECT_EQ(XString(LocaleNumbers().thousandSeparator), stored.Left(5));
+}
+
+TEST(XSystemText, CommandLineNamesTheProgram) {
+    EXPECT_GT(ProcessCommandLine().Find(L"test_foundation", 1, true), 0);
+}
