@@ -216,6 +216,8 @@ typedef std::int32_t (*DspBeginConversion)(ZtInstance, DspBeginBlock*);
 typedef std::int32_t (*DspPassAudioBlock)(ZtInstance, DspAudioBlock*);
 // The same frames beforehand, output ignored, when Begin asked for it: the effect learns of the whole
 // file (its loudness, say) before the first PassAudioBlock. input null: that pass is over.
+// The effects ahead of it run live for that pass; then they get AfterConversion with `failed` and are
+// begun anew on the same instance, with a first pass again if they want one.
 typedef std::int32_t (*DspPassNonLive)(ZtInstance, DspAudioBlock*);
 // No more input. Called until outputFrames is 0: what the effect still holds. Non-zero on success.
 typedef std::int32_t (*DspEndConversion)(ZtInstance, DspAudioBlock*);

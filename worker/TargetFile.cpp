@@ -30,7 +30,7 @@ void TargetFile::Error(const XString& what) {
 bool TargetFile::MakeFolders() {
     XStringArray missing; // from the deepest up
     XString level = StripBackslash(folder);
-    while (level.Count() >= RootEnd(level) && !PathExists(level)) {
+    while (level.Count() >= RootEnd(AddBackslash(level)) && !PathExists(level)) {
         missing.AddString(level);
         XString name;
         PopLastFolder(name, level);
