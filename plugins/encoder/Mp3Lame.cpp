@@ -29,15 +29,22 @@ constexpr std::uint32_t runFrames = 16384; // frames per call of LAME
 // LAME's own bound for one call, and for the flush.
 constexpr std::size_t mp3Room = runFrames * 5 / 4 + 7200;
 
+constexpr int headerBytes = 36 + 156; // LAME's, with the frame's own data before it at its largest
+
 struct DeleteLame {
     void operator()(lame_global_flags* lame) const noexcept { lame_close(lame); }
 };
 using LamePointer = std::unique_ptr<lame_global_flags, DeleteLame>;
 
+int FrameBytes(const lame_global_flags* lame) noexcept {
+    return lame_get_framesize(lame) / 8 * lame_get_brate(lame) * 1000 / lame_get_out_samplerate(lame);
+}
+
 struct Mp3Choice {
     int vbr = defaultQuality; // -1: not VBR
     int cbr = 0;
     int abr = 0;
+    bool isSmall = false; // the frames of this constant rate have no room for the header
     MPEG_mode mode = JOINT_STEREO;
 };
 
@@ -81,7 +88,7 @@ public:
     bool End(bool completed);
 
 private:
-    bool StartLame(const Mp3Choice& choice);
+    bool StartLame(Mp3Choice choice);
     LamePointer NewLame(const Mp3Choice& choice, std::uint32_t frequency);
     bool EncodeRun(const void* samples, std::uint32_t frames, bool isFloat);
     bool EncodeAll(const void* samples, std::uint32_t frames, bool isFloat);
@@ -95,6 +102,7 @@ private:
     int channels = 2;
     std::uint32_t frequency = 44100;
     bool resamples = false;
+    bool hasFrames = false;
     std::uint64_t firstFrameAt = 0; // behind the ID3 tag
     std::vector<std::int32_t> aligned;
     std::vector<unsigned char> mp3;
@@ -118,6 +126,11 @@ LamePointer clLameEncoder::NewLame(const Mp3Choice& choice, std::uint32_t rate) 
     } else if (choice.abr) {
         lame_set_VBR(made.get(), vbr_abr);
         lame_set_VBR_mean_bitrate_kbps(made.get(), choice.abr);
+    } else if (choice.isSmall) {
+        lame_set_VBR(made.get(), vbr_abr);
+        lame_set_VBR_mean_bitrate_kbps(made.get(), choice.cbr);
+        lame_set_VBR_min_bitrate_kbps(made.get(), choice.cbr);
+        lame_set_VBR_max_bitrate_kbps(made.get(), choice.cbr);
     } else {
         lame_set_VBR(made.get(), vbr_off);
         lame_set_brate(made.get(), choice.cbr);
@@ -129,7 +142,7 @@ LamePointer clLameEncoder::NewLame(const Mp3Choice& choice, std::uint32_t rate) 
 
 // At low bit rates LAME wants a lower sample rate. It then gets its input at that rate, since
 // libswresample makes it cleaner than LAME would.
-bool clLameEncoder::StartLame(const Mp3Choice& choice) {
+bool clLameEncoder::StartLame(Mp3Choice choice) {
     channels = choice.mode == MONO || format.channels == 1 ? 1 : 2;
     frequency = MpegRateFor(format.frequency);
     lame = NewLame(choice, frequency);
@@ -137,6 +150,11 @@ bool clLameEncoder::StartLame(const Mp3Choice& choice) {
         frequency = static_cast<std::uint32_t>(lame_get_out_samplerate(lame.get()));
         lame = NewLame(choice, frequency);
     }
+    // Without the header nobody could cut off delay and padding. A variable rate that may not vary
+    // has the same frames, and a larger one for the header.
+    choice.isSmall = lame && choice.cbr && FrameBytes(lame.get()) < headerBytes;
+    if (choice.isSmall)
+        lame = NewLame(choice, frequency);
     resamples = channels != format.channels || frequency != format.frequency;
     return lame || Fail(L"LAME refuses these settings for this source");
 }
@@ -152,6 +170,7 @@ bool clLameEncoder::Begin(const EncoderBeginBlock& block) {
         tags.Deserialize(block.tagData, block.tagDataSize);
     const ByteVector tag = BuildId3Tag(tags, tagPadding);
     mp3.resize(mp3Room);
+    hasFrames = false;
     if (!file.Create(block.outputPath) || !file.Write(tag.data(), tag.size()))
         return FileFailed();
     firstFrameAt = file.Position();
@@ -184,6 +203,7 @@ bool clLameEncoder::EncodeRun(const void* samples, std::uint32_t frames, bool is
 
 bool clLameEncoder::EncodeAll(const void* samples, std::uint32_t frames, bool isFloat) {
     const unsigned char* at = static_cast<const unsigned char*>(samples);
+    hasFrames = hasFrames || frames > 0;
     while (frames > 0) {
         const std::uint32_t run = std::min(frames, runFrames);
         if (!EncodeRun(at, run, isFloat))
@@ -221,6 +241,10 @@ bool clLameEncoder::End(bool completed) {
         return Fail(L"LAME was not started");
     if (resamples && !(resampler.Convert(nullptr, 0, lastError) &&
                        EncodeAll(resampler.Output(), resampler.OutputFrames(), true)))
+        return false;
+    // Players refuse a file without audio: a source without frames becomes one of silence.
+    static constexpr float silence[2] = {};
+    if (!hasFrames && !EncodeAll(silence, 1, true))
         return false;
     if (!Put(lame_encode_flush(lame.get(), mp3.data(), static_cast<int>(mp3.size()))))
         return false;

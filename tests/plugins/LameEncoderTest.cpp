@@ -58,6 +58,9 @@ constexpr Mp3Row rows[] = {
     {2, 24, 88200, L"", 20000, 44100, false},
     {6, 16, 48000, L"-abr=\"160\"", 5003, 48000, false},
     {2, 0, 48000, L"-mode=\"mono\"", 4001, 48000, true},
+    {2, 16, 44100, L"-cbr=\"32\"", 44100, 16000, false}, // no room for the header in such frames
+    {2, 16, 44100, L"-cbr=\"48\"", 44100, 22050, false},
+    {1, 16, 44100, L"-cbr=\"40\"", 44100, 24000, true},
     {2, 16, 44100, L"-cbr=\"64\"", 44100, 24000, false}, // LAME's choice at so few bits
 };
 
@@ -96,10 +99,13 @@ TEST(LameEncoder, WritesTheTagInFront) {
     EXPECT_EQ(mp3.Length(), 5000u);
 }
 
-TEST(LameEncoder, SilenceWithoutFramesIsNoFailure) {
+TEST(LameEncoder, SourcesWithoutFramesGiveAFileThatOpens) {
     EncoderDriver encoder(L"mp3 (Lame)");
     const AudioFormatRecord format = IntegerFormat(2, 16, 44100);
-    EXPECT_TRUE(encoder.Convert(format, {}));
+    ASSERT_TRUE(encoder.Convert(format, {}));
+    Mp3 mp3;
+    ASSERT_TRUE(ReadHeader(encoder.bytes, 0, mp3));
+    EXPECT_EQ(mp3.Length(), 1u);
 }
 
 } // namespace
