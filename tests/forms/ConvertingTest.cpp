@@ -139,9 +139,10 @@ TEST_F(Converting, ErrorsSkipTheWaitAndAreShownUnlessUnwanted) {
     EXPECT_LT(GetTickCount() - start, 15000U);
 }
 
-TEST_F(Converting, CancelAsksAndEndsWithoutBatchEnd) {
+TEST_F(Converting, CancelAsksFirst) {
     AddFiles(2000); // one a tick: far from done when the box is answered
-    seams.launch = [](clJobSlot&, const clFileItem&) {};
+    int launched = 0;
+    seams.launch = [&](clJobSlot&, const clFileItem&) { ++launched; };
     ForceSlots(L"-cpu1");
     const auto answer = [](int button) {
         return [button] {
@@ -158,6 +159,8 @@ TEST_F(Converting, CancelAsksAndEndsWithoutBatchEnd) {
         {close, answer(IDNO), boxIsGone, [] { return Press(ID_BUTTON_CANCEL); }, answer(IDYES)});
     { const frmConverting form(files, seams); }
     EXPECT_TRUE(driver.IsDone());
+    EXPECT_LT(launched, 2000);
+    EXPECT_EQ(powerAction, -1);
 }
 
 TEST_F(Converting, PauseHoldsTheBatch) {

@@ -55,6 +55,7 @@ void frmConverting::PlaceHeading() {
     constexpr UINT flags = SWP_NOZORDER | SWP_NOACTIVATE;
     SetWindowPos(Control(ID_HEADING), nullptr, 0, 0, width, FromDialogUnits(0, headingHeight).y,
                  flags | SWP_NOMOVE);
+    InvalidateRect(Control(ID_HEADING), nullptr, TRUE); // its text was drawn at the earlier width
     const POINT icon = FromDialogUnits(iconX, headingY);
     SetWindowPos(Control(ID_ENCODER_ICON), nullptr, icon.x + 1 + width, icon.y, 0, 0, flags | SWP_NOSIZE);
     RECT client{};

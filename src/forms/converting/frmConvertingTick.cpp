@@ -122,13 +122,12 @@ void frmConverting::SavePosition() {
 }
 
 bool frmConverting::AskOverwrite(XArray<clOverwriteItem>& items) {
-    const XString count = DecimalText(items.Count());
-    const XString text = (items.Count() == 1 ? XString(L"This file exists already:\r\n\r\n") + items[0].path
-                                             : count + L" of the files to write exist already.") +
-                         L"\r\n\r\nOverwrite? \"No\" leaves " +
-                         (items.Count() == 1 ? L"it" : L"all of them") +
-                         L" as they are and skips the conversion.";
-    const int answer = MessageBoxW(Hwnd, text, programCaption, MB_YESNOCANCEL | MB_ICONQUESTION);
+    const bool single = items.Count() == 1;
+    const XString what = single ? XString(L"This file exists already:\r\n\r\n") + items[0].path
+                                : DecimalText(items.Count()) + L" of the files to write exist already.";
+    const wchar_t* choice = single ? L"\r\n\r\nYes overwrites it, No leaves it as it is."
+                                   : L"\r\n\r\nYes overwrites them all, No leaves them all as they are.";
+    const int answer = MessageBoxW(Hwnd, what + choice, programCaption, MB_YESNOCANCEL | MB_ICONQUESTION);
     if (answer == IDYES)
         return ApplyAnswer(items, clOverwriteAnswer::overwriteAll);
     return ApplyAnswer(items, answer == IDNO ? clOverwriteAnswer::skipAll : clOverwriteAnswer::cancel);
