@@ -88,7 +88,8 @@ TEST_F(BatchTest, EveryEffectHearsTheBatchOnce) {
 }
 
 TEST(PowerAction, AsksOnlyForARealAction) {
-    static int asked = -1;
+    static std::int32_t asked;
+    asked = -1;
     const clPowerFunction real = powerFunction;
     powerFunction = [](std::int32_t action) { asked = action; };
     PerformPowerAction(afterNothing);
