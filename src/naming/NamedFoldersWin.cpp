@@ -6,8 +6,33 @@
 
 #include <windows.h>
 
+namespace {
+
+// The shell may take a millisecond to answer, and a large batch asks for every file in one go.
+struct KnownPath {
+    int folderId = 0;
+    DWORD asked = 0; // tick
+    XString path;
+};
+constexpr DWORD validMs = 2000;
+
+} // namespace
+
 XString NamedFolderPath(int folderId) {
-    return AddBackslash(GetSpecialFolder(folderId));
+    static XArray<KnownPath> known;
+    const DWORD now = GetTickCount();
+    KnownPath* entry = nullptr;
+    for (KnownPath& candidate : known)
+        if (candidate.folderId == folderId)
+            entry = &candidate;
+    if (entry && now - entry->asked < validMs)
+        return entry->path;
+    if (!entry)
+        entry = known.AddNew();
+    entry->folderId = folderId;
+    entry->asked = now;
+    entry->path = AddBackslash(GetSpecialFolder(folderId));
+    return entry->path;
 }
 
 bool HasNewFolderNames() {
