@@ -35,6 +35,7 @@ void clConversion::Prepare() {
 }
 
 void clConversion::StartReadAhead() {
+    NeedsTags = !setup.namingTemplate.IsEmpty(); // most templates name a tag
     readAheadWork.files = &files;
     readAhead.Start(ProbeSourceFiles, &readAheadWork, readAheadStopMs);
 }
