@@ -104,6 +104,15 @@ TEST_F(Worker, SuddenDeathFreesTheSlot) {
     EXPECT_EQ(slot.finishedUnits, 5000);
 }
 
+TEST_F(Worker, EndingReadsWhatIsLeft) {
+    Launch(L"err:late|out:MSGTO: zTM: PCDone: 99");
+    ASSERT_EQ(WaitForSingleObject(slot.link->process.Get(), deadlineMs), DWORD{WAIT_OBJECT_0});
+    EndWorker(slot);
+    EXPECT_EQ(slot.errorText, XString(L"late"));
+    EXPECT_EQ(slot.percent, 99);
+    EXPECT_FALSE(slot.running);
+}
+
 TEST_F(Worker, CancelReachesTheWorker) {
     Launch(L"quit:|out:quit seen");
     order.cancelling = true;
