@@ -3,6 +3,7 @@
 
 #include "TestFolder.h"
 #include "foundation/XFindFile.h"
+#include "foundation/XHandles.h"
 #include "foundation/XPath.h"
 
 namespace {
@@ -116,5 +117,6 @@ TEST_F(XFileSystem, FileTypesFallBackOnTheExtension) {
     EXPECT_EQ(FileTypeName(L"a.TMQX"), L"tmqx File");
     EXPECT_EQ(FileTypeName(L"b.tmqx"), L"tmqx File");
     EXPECT_EQ(FileTypeName(L"a"), L"File");
-    EXPECT_GE(ShellIconIndex(L"a.txt", 0), -1);
+    EXPECT_GE(ShellIconIndex(L"a.txt", 0), 0);
+    EXPECT_TRUE(XIcon(ShellIcon(folder, shellLargeIcon | shellFromDisk)).IsValid());
 }
