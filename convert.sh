@@ -38,12 +38,21 @@ mkdir -p "$out"
 mkdir -p "$tm_wine"
 exec 9>"$root/build/.convert.lock"
 flock 9 # the recipe in the registry is one per prefix
-[ -n "${TM_WINE_RUNNING:-}" ] || { tm_start_wine && trap tm_stop_wine EXIT; }
+stage=
+clean_up() {
+    [ -z "$stage" ] || rm -rf "$stage"
+    [ -n "${TM_WINE_RUNNING:-}" ] || tm_stop_wine
+}
+trap clean_up EXIT
+[ -n "${TM_WINE_RUNNING:-}" ] || tm_start_wine
 
 # The prefix's drive Z: is the whole file system.
 windows_path() { printf 'Z:%s' "$(realpath -ms -- "$1")" | tr / '\\'; }
 registry_text() { printf '%s' "$1" | sed 's/[\\"]/\\&/g'; }
 
+# Outputs of earlier runs would bring up a question: convert into a fresh folder beside them, and
+# move what succeeded.
+stage=$(mktemp -d "$out/tonemill-XXXXXX")
 job=$WINEPREFIX/drive_c/tonemill-job
 rm -rf "$job"
 mkdir -p "$job"
@@ -59,7 +68,7 @@ key='HKEY_CURRENT_USER\Software\Vantrel\Zephtone'
     printf '"zTMSkipedFinish"=dword:00000001\n"zTM-NoDisplayError"=dword:00000001\n"zTM-DisplayInfo"=dword:00000000\n'
     printf '\n[%s\\zTMCodec\\%s]\n' "$key" "$encoder"
     printf '"ZTMUserFolder"=dword:00000001\n'
-    printf '"ZTMUserFolderStr"="%s"\n' "$(registry_text "$(windows_path "$out")")"
+    printf '"ZTMUserFolderStr"="%s"\n' "$(registry_text "$(windows_path "$stage")")"
     printf '"ZTMDynamicNaming"=""\n'
     printf '"ZTMDSPEffects"="%s"\n' "$(registry_text "$chain")"
     printf '"zTM_CLI"="%s"\n' "$(registry_text "$settings")"
@@ -75,10 +84,20 @@ if [ ! -e "$job/report.txt" ]; then
     exit 1
 fi
 converted=0 failed=0
+out=$(realpath -ms -- "$out") stage=$(realpath -ms -- "$stage")
 while IFS=$'\t' read -r state source target; do
     source=${source#Z:} target=${target#Z:}
     case $state in
-    ok) converted=$((converted + 1)); printf 'written  %s\n' "${target//\\//}" ;;
+    ok)
+        target=${target//\\//}
+        final=$out${target#"$stage"}
+        # Of two sources with one output the later one stands; the earlier row has nothing to move.
+        if [ -e "$target" ]; then
+            mkdir -p "$(dirname "$final")"
+            mv -f -- "$target" "$final"
+        fi
+        converted=$((converted + 1))
+        printf 'written  %s\n' "$final" ;;
     failed) failed=$((failed + 1)); printf 'failed   %s\n' "${source//\\//}" ;;
     esac
 done < <(tr -d '\r' <"$job/report.txt")

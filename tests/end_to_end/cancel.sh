@@ -2,7 +2,7 @@
 # Cancel ends the batch soon and leaves nothing behind: no output, no half file, no worker.
 . "$(dirname "$0")/lib.sh"
 mkdir "$work/in" "$work/out"
-sox -n -r 96000 -c 2 -b 24 "$work/in/long1.wav" synth 600 noise vol 0.5
+sox -r 96000 -n -c 2 -b 24 "$work/in/long1.wav" synth 600 noise vol 0.5
 cp "$work/in/long1.wav" "$work/in/long2.wav"
 printf 'kept' >"$work/out/long1.flac"
 . "$root/scripts/wine-env.sh"

@@ -2,7 +2,7 @@
 # What encoders add in front and behind is cut off again: the length that went in comes out.
 . "$(dirname "$0")/lib.sh"
 mkdir "$work/in"
-sox -n -r 44100 -c 2 -b 16 "$work/tone.wav" synth 123457s sine 440 vol 0.5
+sox -r 44100 -n -c 2 -b 16 "$work/tone.wav" synth 123457s sine 440 vol 0.5
 lame --quiet "$work/tone.wav" "$work/in/lame.mp3"
 ffmpeg -v error -i "$work/tone.wav" -c:a vorbis -strict -2 "$work/in/vorbis.ogg"
 ffmpeg -v error -i "$work/tone.wav" -c:a libopus "$work/in/opus.opus"

@@ -2,7 +2,7 @@
 # Lossless outputs hold the very samples of their sources: depths, rates, channels, odd lengths.
 . "$(dirname "$0")/lib.sh"
 mkdir "$work/in"
-make() { ffmpeg -v error -f lavfi -i "aevalsrc=$3:s=$2:d=$4" -c:a "$5" -y "$work/in/$1"; }
+make() { ffmpeg -v error -f lavfi -i "aevalsrc=$3:s=$2:d=$4" -c:a $5 -y "$work/in/$1"; }
 stereo='0.5*sin(2*PI*440*t)|0.3*sin(2*PI*1000*t)+0.1*random(0)'
 make s16.wav 44100 "$stereo" 3.0001 pcm_s16le
 make s24.wav 96000 "$stereo" 2 pcm_s24le
@@ -12,7 +12,7 @@ make six.wav 48000 '0.1*sin(100*t)|0.2*sin(200*t)|0.3*sin(300*t)|0.05*sin(400*t)
 make aiff.aiff 44100 "$stereo" 1 pcm_s16be
 make alac.m4a 44100 "$stereo" 2 alac
 make tta.tta 44100 "$stereo" 2 tta
-make wavpack.wv 44100 "$stereo" 2 wavpack
+make wavpack.wv 44100 "$stereo" 2 'wavpack -sample_fmt s16p'
 cp /usr/share/sounds/alsa/Front_Center.wav "$work/in/speech.wav"
 
 convert --to FLAC --out "$work/flac" "$work"/in/*
