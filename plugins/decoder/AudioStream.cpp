@@ -1,8 +1,11 @@
 #include "plugins/decoder/AudioStream.h"
 
+#include "plugins/decoder/WaveLength.h"
+
 #include <windows.h>
 
 #include <algorithm>
+#include <cstring>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -21,6 +24,10 @@ constexpr unsigned toleratedDamageFloor = 3;
 void ToUtf8(const XString& text, char* out, int size) {
     if (WideCharToMultiByte(CP_UTF8, 0, text, -1, out, size, nullptr, nullptr) == 0)
         out[0] = 0;
+}
+
+bool Is(const char* name, const char* wanted) {
+    return std::strcmp(name, wanted) == 0;
 }
 
 // Containers of these codecs tell the number of frames to the frame.
@@ -112,25 +119,62 @@ bool AudioStream::OpenCodec() {
     return true;
 }
 
+// How many frames the container tells, and whether it can be relied on.
+void AudioStream::LearnLength() {
+    const AVCodecParameters& parameters = *stream->codecpar;
+    if (Is(container->iformat->name, "wav") && TellsExactLength(parameters) && parameters.block_align > 0) {
+        FileInput header;
+        XString ignored;
+        if (header.Open(path, ignored))
+            expectedFrames = PromisedWaveBytes(header) / static_cast<unsigned>(parameters.block_align);
+        exactFrames = expectedFrames;
+    }
+    const bool known = container->duration_estimation_method != AVFMT_DURATION_FROM_BITRATE;
+    if (expectedFrames || !known || stream->duration <= 0 || parameters.sample_rate <= 0)
+        return;
+    const AVRational perFrame{1, parameters.sample_rate};
+    expectedFrames = static_cast<std::uint64_t>(
+        std::max<std::int64_t>(0, av_rescale_q(stream->duration, stream->time_base, perFrame)));
+    const bool fine = stream->time_base.num == 1 && stream->time_base.den % parameters.sample_rate == 0;
+    if (fine && TellsExactLength(parameters))
+        exactFrames = expectedFrames;
+}
+
+bool AudioStream::OpenWideFlac(AudioFormatRecord& record) {
+    wideFlac = WideFlac::OpenIfWide(path);
+    if (!wideFlac)
+        return false;
+    const WideFlac::Info& info = wideFlac->Format();
+    lossless = true;
+    channels = static_cast<int>(info.channels);
+    frequency = static_cast<int>(info.frequency);
+    exactFrames = expectedFrames = info.frames;
+    record = AudioFormatRecord{};
+    record.sampleKind = ztSampleInteger;
+    record.channels = static_cast<std::uint16_t>(info.channels);
+    record.frequency = info.frequency;
+    if (stream->codecpar->ch_layout.order == AV_CHANNEL_ORDER_NATIVE)
+        record.channelMask = static_cast<std::uint32_t>(stream->codecpar->ch_layout.u.mask);
+    record.sampleBytes = 4;
+    record.bitsPerSample = static_cast<std::uint16_t>(info.bits);
+    record.flags = ztFormatLossless | (info.frames ? ztFormatExactLength : 0u);
+    record.frameCount = info.frames;
+    record.lengthMs = (info.frames * 1000 + info.frequency / 2) / info.frequency;
+    return true;
+}
+
 bool AudioStream::Open(const XString& source, AudioFormatRecord& record) {
     Close();
     path = source;
     error.Clear();
-    if (!OpenContainer() || !OpenCodec()) {
+    if (OpenContainer() && stream->codecpar->codec_id == AV_CODEC_ID_FLAC && OpenWideFlac(record))
+        return true;
+    if (!stream || !OpenCodec()) {
         if (error.IsEmpty())
             error = L"Out of memory";
         return false;
     }
-    const bool known = container->duration_estimation_method != AVFMT_DURATION_FROM_BITRATE;
-    if (known && stream->duration > 0) {
-        const AVRational perFrame{1, stream->codecpar->sample_rate};
-        expectedFrames = static_cast<std::uint64_t>(
-            std::max<std::int64_t>(0, av_rescale_q(stream->duration, stream->time_base, perFrame)));
-        const bool fine = stream->time_base.num == 1 && stream->codecpar->sample_rate > 0 &&
-                          stream->time_base.den % stream->codecpar->sample_rate == 0;
-        if (fine && TellsExactLength(*stream->codecpar))
-            exactFrames = expectedFrames;
-    }
+    LearnLength();
     const Step first = NextFrame();
     if (first == Step::damage)
         return false;
@@ -171,6 +215,7 @@ void AudioStream::Describe(AudioFormatRecord& record) const {
 }
 
 void AudioStream::Close() noexcept {
+    wideFlac.reset();
     swr_free(&resampler);
     av_frame_free(&adapted);
     av_frame_free(&frame);
@@ -241,7 +286,7 @@ AudioStream::Step AudioStream::ReceiveOrFeed() {
 
 // Fewer frames than the container told are a truncated file; estimates get a second of doubt.
 AudioStream::Step AudioStream::CheckEnd() {
-    const std::uint64_t doubt = exactFrames ? 0 : static_cast<std::uint64_t>(std::max(1, codec->sample_rate));
+    const std::uint64_t doubt = exactFrames ? 0 : static_cast<std::uint64_t>(stream->codecpar->sample_rate);
     if (delivered + doubt >= expectedFrames)
         return Step::end;
     error.Format(L"The source is truncated: it ends after %s of %s frames", UnsignedText(delivered).Text(),
@@ -300,7 +345,20 @@ AudioStream::Step AudioStream::NextFrame() {
     return Step::frame;
 }
 
+int AudioStream::DecodeWideFlac(void* samples, unsigned maxFrames) {
+    const int done = wideFlac->Decode(static_cast<std::int32_t*>(samples), maxFrames);
+    if (done > 0)
+        delivered += static_cast<unsigned>(done);
+    else if (done < 0)
+        Fail(L"The source is damaged");
+    else if (CheckEnd() == Step::damage)
+        return -1;
+    return done;
+}
+
 int AudioStream::Decode(void* samples, unsigned maxFrames) {
+    if (wideFlac)
+        return DecodeWideFlac(samples, maxFrames);
     if (!codec)
         return -1;
     unsigned done = 0;
@@ -334,6 +392,13 @@ bool AudioStream::SeekTo(std::uint64_t target) {
     if (target < delivered && !Open(again, ignored))
         return false;
     while (delivered < target) {
+        if (wideFlac) {
+            std::int32_t dropped[64 * 8]; // FLAC has eight channels at most
+            const auto few = static_cast<unsigned>(std::min<std::uint64_t>(target - delivered, 64));
+            if (DecodeWideFlac(dropped, few) <= 0)
+                return false;
+            continue;
+        }
         if (!current || offset >= current->nb_samples) {
             if (NextFrame() != Step::frame)
                 return false;

@@ -6,6 +6,7 @@
 #include "foundation/XString.h"
 #include "plugins/decoder/FileInput.h"
 #include "plugins/decoder/Samples.h"
+#include "plugins/decoder/WideFlac.h"
 
 struct AVCodecContext;
 struct AVFormatContext;
@@ -40,6 +41,9 @@ private:
 
     [[nodiscard]] bool OpenContainer();
     [[nodiscard]] bool OpenCodec();
+    void LearnLength();
+    [[nodiscard]] bool OpenWideFlac(AudioFormatRecord& record);
+    [[nodiscard]] int DecodeWideFlac(void* samples, unsigned maxFrames);
     [[nodiscard]] Step NextFrame();
     [[nodiscard]] Step ReceiveOrFeed();
     [[nodiscard]] bool FeedPacket();
@@ -65,6 +69,7 @@ private:
     int frequency = 0;
     int channels = 0;
     SampleLayout layout;
+    std::unique_ptr<WideFlac> wideFlac; // decodes in place of the codec
     bool lossless = false;
     bool flushed = false;
     std::uint64_t exactFrames = 0;    // 0: the container does not tell exactly

@@ -56,21 +56,36 @@ void FileInput::Close() noexcept {
     readError = false;
 }
 
-int FileInput::ReadPacket(void* self, unsigned char* buffer, int size) {
-    auto& input = *static_cast<FileInput*>(self);
+int FileInput::Read(void* buffer, unsigned bytes) {
     DWORD got = 0;
-    if (!ReadFile(input.file.Get(), buffer, static_cast<DWORD>(size), &got, nullptr)) {
-        input.readError = true;
-        return AVERROR(EIO);
+    if (!ReadFile(file.Get(), buffer, bytes, &got, nullptr)) {
+        readError = true;
+        return -1;
     }
-    return got == 0 ? AVERROR_EOF : static_cast<int>(got);
+    return static_cast<int>(got);
+}
+
+bool FileInput::Rewind(std::int64_t position) {
+    LARGE_INTEGER distance{};
+    distance.QuadPart = position;
+    return SetFilePointerEx(file.Get(), distance, nullptr, FILE_BEGIN) != FALSE;
+}
+
+std::int64_t FileInput::Size() const {
+    LARGE_INTEGER size{};
+    return GetFileSizeEx(file.Get(), &size) ? size.QuadPart : -1;
+}
+
+int FileInput::ReadPacket(void* self, unsigned char* buffer, int size) {
+    const int got = static_cast<FileInput*>(self)->Read(buffer, static_cast<unsigned>(size));
+    return got < 0 ? AVERROR(EIO) : got == 0 ? AVERROR_EOF : got;
 }
 
 std::int64_t FileInput::Seek(void* self, std::int64_t offset, int whence) {
     auto& input = *static_cast<FileInput*>(self);
-    LARGE_INTEGER result{};
     if (whence & AVSEEK_SIZE)
-        return GetFileSizeEx(input.file.Get(), &result) ? result.QuadPart : AVERROR(EIO);
+        return input.Size() >= 0 ? input.Size() : AVERROR(EIO);
+    LARGE_INTEGER result{};
     LARGE_INTEGER distance{};
     distance.QuadPart = offset;
     const DWORD method = (whence & 3) == SEEK_CUR   ? FILE_CURRENT

@@ -17,6 +17,11 @@ public:
     [[nodiscard]] bool Open(const XString& path, XString& error);
     void Close() noexcept;
     [[nodiscard]] AVIOContext* Context() const noexcept { return context; } // borrowed
+    // Plain reading from where the file stands, for those who don't go through the context. Bytes
+    // read, 0 at the end, -1 on failure.
+    [[nodiscard]] int Read(void* buffer, unsigned bytes);
+    [[nodiscard]] bool Rewind(std::int64_t position = 0);
+    [[nodiscard]] std::int64_t Size() const; // bytes; -1 on failure
     // A read that failed for another reason than the end of the file.
     [[nodiscard]] bool HadReadError() const noexcept { return readError; }
 

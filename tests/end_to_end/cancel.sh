@@ -15,5 +15,10 @@ wait $presser || fail "Cancel could not be pressed"
 grep -q "ended without a report" "$work/convert.log" || fail "the batch was not cancelled"
 [ "$(cat "$work/out/long1.flac")" = kept ] || fail "the older output was touched"
 expect_nothing_else "$work/out" 1
-pgrep -f Millworker.exe >/dev/null && fail "a worker lives on"
+workers() { ps -eo stat,args | grep -F "long1.wav\|Tonemill\\Millworker.exe" | grep -v -e grep -e '^Z'; }
+for _ in $(seq 30); do
+    workers >/dev/null || break
+    sleep 0.1
+done
+workers && fail "a worker lives on"
 finish

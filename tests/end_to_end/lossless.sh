@@ -35,6 +35,12 @@ for output in "$work"/wave/*; do
     expect_same_audio "$source" "$output"
     sox "$output" -n stat >/dev/null 2>"$work/sox.log" || { fail "sox refuses $output"; cat "$work/sox.log"; }
 done
+# 32 bits through FLAC, which ffmpeg can't read: there and back again.
+convert --to FLAC --out "$work/wide" "$work/in/s32.wav"
+expect_converted 1 0
+flac -ts "$work/wide/s32.flac" || fail "flac refuses 32 bits"
+convert --to Wave --out "$work/wide" "$work/wide/s32.flac"
+expect_same_audio "$work/in/s32.wav" "$work/wide/s32.wav"
 [ "$(ffprobe -v error -show_entries stream=codec_name -of csv=p=0 "$work/wave/float.wav")" = pcm_f32le ] ||
     fail "float audio did not stay float"
 finish

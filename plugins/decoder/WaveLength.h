@@ -1,0 +1,11 @@
+// What a Wave file's header promises. FFmpeg believes the file's size instead and so can't tell a
+// truncated file.
+#pragma once
+
+#include <cstdint>
+
+class FileInput;
+
+// Bytes of audio that the header of a RIFF Wave file tells; 0 if it is none or, as programs that
+// write to a pipe leave it, doesn't tell. Moves the file's position.
+[[nodiscard]] std::uint64_t PromisedWaveBytes(FileInput& input);
