@@ -276,10 +276,10 @@ AudioStream::Step AudioStream::ReceiveOrFeed() {
                 return Step::frame;
         } else if (received == AVERROR_EOF || (received == AVERROR(EAGAIN) && flushed)) {
             return CheckEnd();
-        } else if (received != AVERROR(EAGAIN) && !TolerateDamage(received)) {
-            return Step::damage;
-        } else if (!FeedPacket()) {
-            return Step::damage;
+        } else {
+            const bool goesOn = received == AVERROR(EAGAIN) || TolerateDamage(received);
+            if (!goesOn || !FeedPacket())
+                return Step::damage;
         }
     }
 }

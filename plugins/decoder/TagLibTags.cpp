@@ -12,9 +12,8 @@ namespace {
 XString ToText(const TagLib::String& text) {
     return XString(text.toCWString());
 }
-} // namespace
 
-bool AddTagLibTags(const XString& path, XTagList& tags) {
+bool AddAll(const XString& path, XTagList& tags) {
     const XString prefixed = LongPath(path, longFileLimit);
     const TagLib::FileRef file(TagLib::FileName(prefixed.Text()), false);
     if (file.isNull() || !file.file() || !file.file()->isValid())
@@ -24,4 +23,15 @@ bool AddTagLibTags(const XString& path, XTagList& tags) {
         for (const TagLib::String& value : values)
             AddTag(tags, ToText(key), ToText(value));
     return tags.Count() > 0;
+}
+} // namespace
+
+// A damaged tag costs the tags, not the audio.
+bool AddTagLibTags(const XString& path, XTagList& tags) {
+    try {
+        return AddAll(path, tags);
+    } catch (...) {
+        tags.Clear();
+        return false;
+    }
 }

@@ -24,23 +24,63 @@ constexpr KeyName keyNames[] = {
 
 // Facts about the file that containers keep among their tags; they don't belong into a copy.
 constexpr const wchar_t* technical[] = {
-    L"ENCODER",           L"ENCODED_BY",    L"MAJOR_BRAND",     L"MINOR_VERSION",
-    L"COMPATIBLE_BRANDS", L"CREATION_TIME", L"HANDLER_NAME",    L"VENDOR_ID",
-    L"DURATION",          L"ENCODING",      L"ENCODERSETTINGS", L"LANGUAGE",
-    L"GAPLESS_PLAYBACK",  L"ITUNSMPB",      L"ITUNNORM",        L"METADATA_BLOCK_PICTURE",
+    L"ENCODER",           L"ENCODED_BY",
+    L"MAJOR_BRAND",       L"MINOR_VERSION",
+    L"COMPATIBLE_BRANDS", L"CREATION_TIME",
+    L"HANDLER_NAME",      L"VENDOR_ID",
+    L"DURATION",          L"ENCODING",
+    L"ENCODERSETTINGS",   L"LANGUAGE",
+    L"GAPLESS_PLAYBACK",  L"ITUNSMPB",
+    L"ITUNNORM",          L"METADATA_BLOCK_PICTURE",
+    L"ENCODEDBY",         L"LENGTH",
+    L"FILETYPE",          L"GAPLESSPLAYBACK",
+    L"ITUNPGAP",          L"WAVEFORMATEXTENSIBLE_CHANNEL_MASK",
 };
 
+// What damaged or hostile sources bring beyond these is dropped: each value is compared to all others.
+constexpr std::int64_t mostKeys = 4096;
+constexpr int mostJoinedUnits = 1 << 16;
+
+// iTunes keeps some of these in ID3 comments that have the name as their description.
 bool IsTechnical(const XString& upper) {
+    const XString bare = upper.StartsWith(L"COMMENT:ITUN") ? upper.From(9) : upper;
     for (const wchar_t* name : technical)
-        if (upper.Equals(name))
+        if (bare.Equals(name))
             return true;
     return false;
+}
+
+XString TravelName(const XString& key) {
+    const XString upper = key.Upper();
+    for (const KeyName& row : keyNames)
+        if (upper.Equals(row.spelling))
+            return row.key;
+    // ID3 lyrics bring their description or language along.
+    if (upper.StartsWith(L"LYRICS:") || upper.StartsWith(L"LYRICS-"))
+        return L"lyrics";
+    return key.Lower();
+}
+
+// CR stands between values alone.
+XString WithLineFeeds(const XString& text) {
+    XString value = text;
+    value.Replace(L"\r\n", L"\n");
+    value.Replace(L"\r", L"\n");
+    return value;
+}
+
+bool HasValue(const XString& joined, const XString& value) {
+    XStringArray values;
+    Split(values, joined, L"\r");
+    return values.Contains(value, false);
 }
 
 void Join(XTagList& tags, const wchar_t* key, const wchar_t* totalKey) {
     XTagItem* number = tags.Find(key);
     const XTagItem* total = tags.Find(totalKey);
-    if (number && total && !number->value.FindChar(L'/')) {
+    if (!number)
+        return; // a total alone keeps its own name
+    if (total && !number->value.FindChar(L'/')) {
         number->value.Append(L"/");
         number->value.Append(total->value);
     }
@@ -51,21 +91,26 @@ void Join(XTagList& tags, const wchar_t* key, const wchar_t* totalKey) {
 
 } // namespace
 
-void AddTag(XTagList& tags, const XString& key, const XString& value) {
-    const XString upper = key.Upper();
-    if (value.IsEmpty() || key.IsEmpty() || IsTechnical(upper))
+void AddTag(XTagList& tags, const XString& key, const XString& text) {
+    if (text.IsEmpty() || key.IsEmpty() || IsTechnical(key.Upper()))
         return;
-    XString name = key.Lower();
-    for (const KeyName& row : keyNames)
-        if (upper.Equals(row.spelling))
-            name = row.key;
+    const XString name = TravelName(key);
+    const XString value = WithLineFeeds(text);
     XTagItem* known = tags.Find(name);
     if (!known) {
-        tags.Add(name, value);
+        if (tags.Count() < mostKeys)
+            tags.Add(name, value);
         return;
     }
-    XString all = L"\r" + known->value + L"\r";
-    if (all.Find(L"\r" + value + L"\r") == 0) { // two spellings of one key often say the same
+    // DATE and YEAR side by side are one date, told more and less exactly.
+    if (name == L"year" && value.StartsWith(known->value)) {
+        known->value = value;
+        return;
+    }
+    if (name == L"year" && known->value.StartsWith(value))
+        return;
+    const bool fits = value.Count() < mostJoinedUnits - known->value.Count();
+    if (fits && !HasValue(known->value, value)) { // two spellings of one key often say the same
         known->value.Append(L"\r");
         known->value.Append(value);
     }
