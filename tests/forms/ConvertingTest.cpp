@@ -163,6 +163,39 @@ TEST_F(Converting, CancelAsksFirst) {
     EXPECT_EQ(powerAction, -1);
 }
 
+// The last worker goes while the question is open a second time: that keeps the form ticking.
+TEST_F(Converting, EndsOnceBehindAnOpenQuestion) {
+    AddFiles(1);
+    clJobSlot* worker = nullptr;
+    DWORD freed = 0;
+    seams.launch = [&](clJobSlot& slot, const clFileItem&) { (worker = &slot)->running = true; };
+    powerAction = 0;
+    powerFunction = [](std::int32_t) { ++powerAction; };
+    const auto ask = [&] { return worker && Press(ID_BUTTON_CANCEL); };
+    const auto answer = [](int button) {
+        const HWND box = FindBox(L"Cancel Conversion?");
+        return box && PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    };
+    const FormDriver driver({
+        [] { return SendMessageW(FindForm(ID_HEADING), WM_COMMAND, ID_AFTER_LOG_OFF, 0) == 0; },
+        ask,
+        [&] { return answer(IDYES); },
+        [] { return !FindBox(L"Cancel Conversion?"); },
+        ask,
+        [&] {
+            if (!FindBox(L"Cancel Conversion?"))
+                return false;
+            FreeSlot(*worker);
+            freed = GetTickCount();
+            return true;
+        },
+        [&] { return GetTickCount() - freed > 300 && answer(IDNO); },
+    });
+    { const frmConverting form(files, seams); }
+    EXPECT_TRUE(driver.IsDone());
+    EXPECT_EQ(powerAction, 1);
+}
+
 TEST_F(Converting, PauseHoldsTheBatch) {
     AddFiles(1);
     RegWriteDword(1, Setting::skippedFinish);

@@ -74,6 +74,8 @@ void frmConverting::OnDestroy() {
 }
 
 void frmConverting::OnClose() {
+    if (!IsWindowEnabled(Hwnd))
+        return; // a box of ours waits for its answer
     if (conversion.scheduler.conversionState == stateFinished)
         EndConversion();
     else

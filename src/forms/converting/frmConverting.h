@@ -88,6 +88,7 @@ private:
     clOptionsMenu options;
     clTaskbarProgress taskbar;
     clProgressTexts shown; // as the controls show them
+    bool isEnding = false; // EndConversion has begun
     XArray<XIcon> effectIcons;
     XIcon encoderIcon;
     XIcon slotIcon;

@@ -99,6 +99,10 @@ void frmConverting::FinishBatch() {
 }
 
 void frmConverting::EndConversion() {
+    // A menu, a question or a drag of the window keeps the form, and so its ticks, alive behind the end.
+    if (isEnding)
+        return;
+    isEnding = true;
     SavePosition();
     PerformPowerAction(options.afterConversion);
     XArray<clLogEntry>& errors = conversion.scheduler.errorLog;
