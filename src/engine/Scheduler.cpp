@@ -3,6 +3,8 @@
 
 #include "naming/OutputPath.h"
 
+#include <string_view>
+
 namespace {
 
 constexpr wchar_t ignoredExtension[] = L".IGNORE"; // of encoders that write no file of that name
@@ -27,12 +29,10 @@ void AddLogEntry(XArray<clLogEntry>& log, const XString& codecName, clJobReport&
     report.text.Clear();
 }
 
-void AddResult(XArray<clBatchResult>& results, const XString& source, const XString& output,
-               std::uint32_t failed) {
-    clBatchResult* row = results.AddNew();
-    row->source = source;
-    row->output = output;
-    row->failed = failed;
+std::size_t HashOf(const XString& text) {
+    const std::string_view bytes(reinterpret_cast<const char*>(text.Text()),
+                                 static_cast<std::size_t>(text.Count()) * sizeof(wchar_t));
+    return std::hash<std::string_view>()(bytes);
 }
 
 } // namespace
@@ -70,10 +70,26 @@ void clScheduler::BeginConverting(const clFileList& files, std::uint32_t now) {
         if (item.skipFlag != 0)
             continue;
         totalUnits += item.format.lengthMs;
-        AddResult(results, item.sourcePath, item.outputPath, 0);
+        AddResult(item.sourcePath, item.outputPath, 0);
     }
     startTick = now;
     conversionState = stateConverting;
+}
+
+void clScheduler::AddResult(const XString& source, const XString& output, std::uint32_t failed) {
+    clBatchResult* row = results.AddNew();
+    row->source = source;
+    row->output = output;
+    row->failed = failed;
+    resultsBySource.emplace(HashOf(source), row);
+}
+
+template <class Visit>
+void clScheduler::ForResultsOf(const XString& source, Visit visit) {
+    const auto [begin, end] = resultsBySource.equal_range(HashOf(source));
+    for (auto entry = begin; entry != end; ++entry)
+        if (entry->second->source == source)
+            visit(*entry->second);
 }
 
 bool clScheduler::ScheduleSlots(const clFileList& files, const Launch& launch) {
@@ -117,21 +133,17 @@ void clScheduler::CollectFinished(clJobSlot& slot) {
     slot.finishedUnits = -1;
     if (slot.reportedNames.IsEmpty())
         return;
-    std::uint32_t failed = 0;
-    for (const clBatchResult& row : results)
-        if (row.source == slot.source)
-            failed = row.failed;
+    std::uint32_t failed = 0; // the same in all rows of a source
+    ForResultsOf(slot.source, [&](const clBatchResult& row) { failed = row.failed; });
     for (const XString& name : slot.reportedNames)
-        AddResult(results, slot.source, name, failed);
+        AddResult(slot.source, name, failed);
 }
 
 void clScheduler::TakeReports(clJobSlot& slot) {
     if (TakeReport(slot.errorText, slot.errorReport, slot)) {
         hasReports = true;
         AddLogEntry(errorLog, codecName, slot.errorReport);
-        for (clBatchResult& row : results)
-            if (row.source == slot.source)
-                row.failed = 1;
+        ForResultsOf(slot.source, [](clBatchResult& row) { row.failed = 1; });
     }
     if (TakeReport(slot.informationText, slot.informationReport, slot)) {
         hasReports = true;

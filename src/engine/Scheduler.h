@@ -7,6 +7,7 @@
 #include "host/clFileList.h"
 
 #include <functional>
+#include <unordered_map>
 
 class clScheduler {
 public:
@@ -37,13 +38,19 @@ public:
     XString codecName;
 
     XArray<clJobSlot> slots;
-    XArray<clBatchResult> results;
+    XArray<clBatchResult> results; // grows by AddResult only
     XArray<clLogEntry> errorLog;
     XArray<clLogEntry> informationLog;
 
 private:
+    void AddResult(const XString& source, const XString& output, std::uint32_t failed);
+    template <class Visit>
+    void ForResultsOf(const XString& source, Visit visit);
     void CollectFinished(clJobSlot& slot);
     void TakeReports(clJobSlot& slot);
+
+    // By the hash of the source: a large batch that fails throughout must not search all rows per file.
+    std::unordered_multimap<std::size_t, clBatchResult*> resultsBySource;
 };
 
 [[nodiscard]] std::int32_t CountFilesToConvert(const clFileList& files);
