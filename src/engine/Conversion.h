@@ -28,7 +28,6 @@ class clConversion {
 public:
     // `files` is borrowed for the life of the object.
     explicit clConversion(clFileList& files) : files(files) {}
-    ~clConversion();
     clConversion(const clConversion&) = delete;
     clConversion& operator=(const clConversion&) = delete;
 
@@ -71,7 +70,7 @@ private:
     [[nodiscard]] clTickOutcome Schedule();
 
     clReadAhead readAheadWork; // outlives the thread
-    XThread readAhead;
+    XThread readAhead;         // stops before anything else here goes
     bool paused = false;
     std::uint32_t pauseStart = 0;
 };

@@ -8,10 +8,6 @@
 #include "host/Settings.h"
 #include "naming/OutputPath.h"
 
-clConversion::~clConversion() {
-    readAhead.Stop();
-}
-
 void clConversion::ReadSetup() {
     const XString item = RegReadString(Setting::lastCodec);
     const clRecipe recipe = ReadRecipe(item);
