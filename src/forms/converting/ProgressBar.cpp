@@ -34,6 +34,8 @@ void DrawBox(HDC dc, int width, int height, const BarColours& colours) {
 } // namespace
 
 void DrawProgressBar(HDC dc, const RECT& place, int percent) {
+    if (!RectVisible(dc, &place))
+        return; // one bar changes at a time, the others need no work
     const int width = place.right - place.left;
     const int height = place.bottom - place.top;
     const XMemoryDc memory(CreateCompatibleDC(dc));
