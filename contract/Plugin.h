@@ -141,7 +141,7 @@ struct DspAudioBlock {
 // terminated UTF-16, and the rest of the record as a blob.
 //
 // Tag keys, compared without regard to the case of A-Z; several values of one key stand in one
-// record, separated by CR (13):
+// record, separated by CR (13), and line ends inside a value are LF (10):
 //   title artist album "album artist" composer conductor genre year track disc comment lyrics
 //   compilation bpm copyright publisher isrc, and any other key that a source brings.
 //   track and disc are "3" or "3/12". "replaygain_track_gain" and its kin keep their usual names.

@@ -24,17 +24,27 @@ constexpr KeyName keyNames[] = {
 
 // Facts about the file that containers keep among their tags; they don't belong into a copy.
 constexpr const wchar_t* technical[] = {
-    L"ENCODER",           L"ENCODED_BY",
-    L"MAJOR_BRAND",       L"MINOR_VERSION",
-    L"COMPATIBLE_BRANDS", L"CREATION_TIME",
-    L"HANDLER_NAME",      L"VENDOR_ID",
-    L"DURATION",          L"ENCODING",
-    L"ENCODERSETTINGS",   L"LANGUAGE",
-    L"GAPLESS_PLAYBACK",  L"ITUNSMPB",
-    L"ITUNNORM",          L"METADATA_BLOCK_PICTURE",
-    L"ENCODEDBY",         L"LENGTH",
-    L"FILETYPE",          L"GAPLESSPLAYBACK",
-    L"ITUNPGAP",          L"WAVEFORMATEXTENSIBLE_CHANNEL_MASK",
+    L"ENCODER",
+    L"ENCODED_BY",
+    L"MAJOR_BRAND",
+    L"MINOR_VERSION",
+    L"COMPATIBLE_BRANDS",
+    L"CREATION_TIME",
+    L"HANDLER_NAME",
+    L"VENDOR_ID",
+    L"DURATION",
+    L"ENCODING",
+    L"ENCODERSETTINGS",
+    L"ENCODEDBY",
+    L"GAPLESS_PLAYBACK",
+    L"ITUNSMPB",
+    L"ITUNNORM",
+    L"METADATA_BLOCK_PICTURE",
+    L"GAPLESSPLAYBACK",
+    L"LENGTH",
+    L"FILETYPE",
+    L"ITUNPGAP",
+    L"WAVEFORMATEXTENSIBLE_CHANNEL_MASK",
 };
 
 // What damaged or hostile sources bring beyond these is dropped: each value is compared to all others.

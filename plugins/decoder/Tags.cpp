@@ -27,7 +27,8 @@ XString FromUtf8(const char* text) {
 void AddDictionary(const AVDictionary* dictionary, XTagList& tags) {
     const AVDictionaryEntry* entry = nullptr;
     while ((entry = av_dict_get(dictionary, "", entry, AV_DICT_IGNORE_SUFFIX)))
-        AddTag(tags, FromUtf8(entry->key), FromUtf8(entry->value));
+        if (lstrcmpiA(entry->key, "language") != 0) // the container's guess about its stream
+            AddTag(tags, FromUtf8(entry->key), FromUtf8(entry->value));
 }
 
 // Names of the picture types of ID3v2, as FFmpeg writes them into a picture stream's comment.
