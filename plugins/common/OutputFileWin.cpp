@@ -51,6 +51,8 @@ bool OutputFile::Create(const wchar_t* newPath) {
 bool OutputFile::Write(const void* bytes, std::uint64_t count) {
     if (HasFailed() || !handle.IsValid())
         return false;
+    if (count == 0) // `bytes` may be null then
+        return true;
     if (count > bufferBytes - used && !Flush())
         return false;
     if (count >= bufferBytes)

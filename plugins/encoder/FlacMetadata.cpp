@@ -24,6 +24,8 @@ bool IsImplied(std::uint32_t mask, int channels) noexcept {
 
 bool AddComment(FLAC__StreamMetadata* block, const std::string& name, const XString& value) {
     const std::string text = name + "=" + ToUtf8(value);
+    if (text.size() + 4 > mostBlockBytes - block->length) // with the four bytes of its own length
+        return true;                                      // no block could hold it
     FLAC__StreamMetadata_VorbisComment_Entry entry;
     entry.length = static_cast<FLAC__uint32>(text.size());
     entry.entry = reinterpret_cast<FLAC__byte*>(const_cast<char*>(text.c_str()));
