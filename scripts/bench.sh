@@ -25,7 +25,7 @@ bench examine 1000 "$(windows_path /usr/share/sounds/alsa/Noise.wav)"
 echo "-- engine: $number files of a minute against the same workers two at a time"
 mkdir "$work/in" "$work/loop" "$work/batch"
 for n in $(seq "$number"); do
-    sox -r 44100 -n -c 2 -b 16 "$work/in/$n.wav" synth 60 pinknoise vol 0.4 sine mix $((200 + n))
+    sox -r 44100 -n -c 2 -b 16 "$work/in/$n.wav" synth 60 pinknoise sine mix $((200 + n)) vol 0.4
 done
 for _ in 1 2 3; do
     bench loop FLAC "$(windows_path "$work/loop")" $(for f in "$work"/in/*; do windows_path "$f"; echo; done)
@@ -36,7 +36,7 @@ for _ in 1 2 3; do
 done
 
 echo "-- codecs: one file of 10 minutes, worker against the native command line encoder"
-sox -r 44100 -n -c 2 -b 16 "$work/long.wav" synth 600 pinknoise vol 0.4 sine mix 440
+sox -r 44100 -n -c 2 -b 16 "$work/long.wav" synth 600 pinknoise sine mix 440 vol 0.4
 worker() { bench loop "$1" "$(windows_path "$work/loop")" "$(windows_path "$work/long.wav")"; }
 for _ in 1 2 3; do
     echo "FLAC: $(worker FLAC)"; echo "flac: $(seconds flac -s -f -o "$work/long.flac" "$work/long.wav")"

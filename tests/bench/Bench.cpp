@@ -8,10 +8,11 @@
 #include "foundation/XFileSystem.h"
 #include "foundation/XPath.h"
 #include "foundation/XRandom.h"
+#include "host/CodecHandler.h"
 #include "host/PluginFolders.h"
 #include "host/ReadAhead.h"
 
-#include "app/ListFile.h"
+#include "app/StartUp.h"
 
 #include <cstdio>
 
@@ -45,7 +46,7 @@ int BenchList(int count) {
     out.Close();
     clFileList files;
     const ULONGLONG started = GetTickCount64();
-    LoadListFile(file, files);
+    TakeListFile(file, files);
     Report("list", started, files.Count());
     return 0;
 }
@@ -59,7 +60,10 @@ int BenchExamine(int count, char** sources, int sourceCount) {
     quit.Create();
     const ULONGLONG started = GetTickCount64();
     ProbeSourceFiles(&quit, &order);
-    Report("examine", started, count);
+    long long read = 0;
+    for (const clFileItem& item : files)
+        read += item.format.frequency != 0;
+    Report("examine", started, read);
     return 0;
 }
 
@@ -76,7 +80,7 @@ int BenchLoop(const XString& encoder, const XString& folder, char** sources, int
     XKernelHandle places[2];
     XTempFile commands[2];
     XEvent events[2][2];
-    const XString extension = L"." + encoder.Lower();
+    const XString extension = GetEncoderExtension(encoder);
     const ULONGLONG started = GetTickCount64();
     for (int i = 0; i < sourceCount; ++i) {
         const int place = FreePlace(places);
@@ -99,6 +103,7 @@ int BenchLoop(const XString& encoder, const XString& folder, char** sources, int
         XString line = WorkerCommandLine(PluginRoot() + L"Millworker.exe", commands[place]);
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
+        startup.dwFlags = STARTF_USESTDHANDLES; // nobody listens
         PROCESS_INFORMATION process{};
         if (!CreateProcessW(nullptr, line.Buffer(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
                             nullptr, &startup, &process))
@@ -118,8 +123,10 @@ int BenchLoop(const XString& encoder, const XString& folder, char** sources, int
 int main(int count, char** arguments) {
     const XString mode = count > 1 ? Wide(arguments[1]) : XString();
     const int number = count > 2 ? static_cast<int>(Wide(arguments[2]).ToInt()) : 0;
-    if (const wchar_t* root = _wgetenv(L"TM_PROGRAM"))
+    if (const wchar_t* root = _wgetenv(L"TM_PROGRAM")) {
         SetPluginRoot(root);
+        SetDllDirectoryW(root); // what the plug-ins import stands beside the program
+    }
     if (mode == L"list" && number > 0)
         return BenchList(number);
     if (mode == L"examine" && count > 3 && number > 0)
