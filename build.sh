@@ -3,6 +3,7 @@
 # Usage: ./build.sh [ninja targets...]   (default: the program without the tests)
 set -euo pipefail
 cd "$(dirname "$0")"
+mkdir -p build
 
 scripts/packages.sh
 codecs=$(scripts/codecs.sh)
