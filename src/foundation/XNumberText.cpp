@@ -102,3 +102,20 @@ XString FormatReal(double value, int decimals, bool keepZeros) {
     Localise(text);
     return text;
 }
+
+XString FormatSize(std::int64_t bytes, bool forceKilo) {
+    struct Unit {
+        double factor;
+        const wchar_t* name;
+    };
+    constexpr Unit units[] = {{0x1p-40, L" TB"}, {0x1p-30, L" GB"}, {0x1p-20, L" MB"}};
+    const auto value = static_cast<double>(bytes);
+    for (const Unit& unit : units)
+        if (!forceKilo && static_cast<std::int64_t>(value * unit.factor) != 0)
+            return FormatReal(value * unit.factor, 2, false) + unit.name;
+    const double kilo = value * 0x1p-10;
+    if (!forceKilo && static_cast<std::int64_t>(kilo) == 0)
+        return DecimalText(bytes) + (bytes == 1 ? L" byte" : L" bytes");
+    // Up from a fraction of 0.01.
+    return FormatInt(bytes == 0 ? 0 : static_cast<std::int64_t>(kilo + 0.99)) + L" KB";
+}

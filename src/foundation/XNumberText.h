@@ -24,3 +24,5 @@ void FillLocaleNumbers(XLocaleNumbers& numbers, XString (*readSetting)(const wch
 void Localise(XString& text);
 [[nodiscard]] XString FormatInt(std::int64_t value);
 [[nodiscard]] XString FormatReal(double value, int decimals, bool keepZeros);
+// "12 bytes", "3 KB", "1.5 MB" up to TB; with `forceKilo` always in KB. Units are powers of 1024.
+[[nodiscard]] XString FormatSize(std::int64_t bytes, bool forceKilo);

@@ -89,3 +89,31 @@ TEST_F(XNumberText, NegativeForms) {
         EXPECT_EQ(FormatInt(-1234), row.expected) << row.form;
     }
 }
+
+TEST_F(XNumberText, SizesTakeTheLargestUnit) {
+    Use(English);
+    struct Row {
+        std::int64_t bytes;
+        bool forceKilo;
+        const wchar_t* expected;
+    };
+    constexpr Row rows[] = {
+        {0, false, L"0 bytes"},
+        {1, false, L"1 byte"},
+        {1023, false, L"1023 bytes"}, // plain, without a separator
+        {1024, false, L"1 KB"},
+        {1025, false, L"1 KB"},
+        {1040, false, L"2 KB"},
+        {1048575, false, L"1,024 KB"},
+        {1048576, false, L"1 MB"},
+        {1572864, false, L"1.5 MB"},
+        {std::int64_t(5) << 30, false, L"5 GB"},
+        {std::int64_t(2000) << 40, false, L"2,000 TB"},
+        {0, true, L"0 KB"},
+        {10, true, L"0 KB"},
+        {11, true, L"1 KB"},
+        {2147483648, true, L"2,097,152 KB"},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(FormatSize(row.bytes, row.forceKilo), row.expected) << row.bytes;
+}

@@ -1,4 +1,5 @@
 // Texts that come from the system: registry values and the regional settings.
+#include "foundation/XDateText.h"
 #include "foundation/XHandles.h"
 #include "foundation/XKeyValueList.h"
 #include "foundation/XNumberText.h"
@@ -49,4 +50,21 @@ TEST(XSystemText, RegionalSettingsAreThoseOfTheUser) {
 
 TEST(XSystemText, CommandLineNamesTheProgram) {
     EXPECT_GT(ProcessCommandLine().Find(L"test_foundation", 1, true), 0);
+}
+
+TEST(XSystemText, DatesAndTimes) {
+    SYSTEMTIME noon{};
+    noon.wYear = 2014;
+    noon.wMonth = 12;
+    noon.wDay = 31;
+    noon.wHour = 13;
+    noon.wMinute = 2;
+    noon.wSecond = 3;
+    EXPECT_FALSE(ShortDatePattern().IsEmpty());
+    EXPECT_EQ(FormatDate(noon, L"dd'/'MM'/'yyyy"), L"31/12/2014");
+    EXPECT_TRUE(FormatTime(noon).StartsWith(L"01:02:03"));
+    noon.wMonth = 13;
+    EXPECT_EQ(FormatDate(noon, L"dd"), L"");
+    noon.wHour = 25;
+    EXPECT_EQ(FormatTime(noon), L"");
 }
