@@ -21,6 +21,17 @@ TEST(TargetName, FaultsOfPaths) {
     EXPECT_NE(TargetPathFault(XString(L"C:\\") + Repeated(256) + L"\\b"), nullptr);
 }
 
+TEST(TargetName, DeviceNamesAreRefused) {
+    for (const wchar_t* bad :
+         {L"C:\\a\\NUL", L"C:\\a\\nul.flac", L"C:\\Con\\b.flac", L"C:\\a\\prn.tar.gz", L"C:\\a\\AUX .mp3",
+          L"com1.mp3", L"C:\\a\\LPT9", L"C:\\a\\com\u00b2.x", L"\\\\?\\C:\\a\\CONOUT$", L"C:/aux/b.flac"})
+        EXPECT_NE(TargetPathFault(bad), nullptr) << testing::PrintToString(XString(bad));
+    for (const wchar_t* good :
+         {L"C:\\a\\Console.flac", L"C:\\a\\NULL", L"C:\\a\\COM0.x", L"C:\\a\\COM10", L"C:\\a\\com.x",
+          L"C:\\a\\LPT", L"C:\\a\\01 - NUL.flac", L"C:\\a\\.nul", L"C:\\\\a"})
+        EXPECT_EQ(TargetPathFault(good), nullptr) << testing::PrintToString(XString(good));
+}
+
 struct NameRow {
     const wchar_t* target;
     int attempt;
