@@ -4,9 +4,24 @@
 #include "engine/BatchEnd.h"
 #include "engine/WorkerText.h"
 #include "foundation/XFileSystem.h"
+#include "foundation/XPath.h"
 #include "host/CodecHandler.h"
 #include "host/Settings.h"
 #include "naming/OutputPath.h"
+
+namespace {
+
+// Most outputs are new, and a question for attributes tells that many times faster than a search.
+bool IsOutputThere(const XString& path) {
+    if (GetFileAttributesW(LongPath(path, longFileLimit)) == INVALID_FILE_ATTRIBUTES) {
+        const DWORD error = GetLastError();
+        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND)
+            return false;
+    }
+    return IsFile(path);
+}
+
+} // namespace
 
 void clConversion::ReadSetup() {
     const XString item = RegReadString(Setting::lastCodec);
@@ -96,7 +111,7 @@ bool clConversion::BuildOutputList() {
             ComputeOutputPath(item, setup.outputFolder, setup.namingTemplate, setup.extension);
     if (!askOverwrite)
         return true;
-    return CheckOverwrites(files, setup.extension, IsFile, askOverwrite);
+    return CheckOverwrites(files, setup.extension, IsOutputThere, askOverwrite);
 }
 
 void clConversion::TickProgress() {
