@@ -80,9 +80,7 @@ XString WithLineFeeds(const XString& text) {
 }
 
 bool HasValue(const XString& joined, const XString& value) {
-    XStringArray values;
-    Split(values, joined, L"\r");
-    return values.Contains(value, false);
+    return (L"\r" + joined + L"\r").Find(L"\r" + value + L"\r") != 0;
 }
 
 void Join(XTagList& tags, const wchar_t* key, const wchar_t* totalKey) {
