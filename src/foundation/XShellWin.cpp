@@ -62,7 +62,7 @@ XString OwnFolder(int id) {
 XString KnownFolder(int id) {
     if (id >= folderProgramFiles)
         return OwnFolder(id);
-    const XString folder = ShellFolder(id);
+    XString folder = ShellFolder(id);
     const FolderDerivation* derivation = folder.IsEmpty() ? FindFolderDerivation(id) : nullptr;
     if (!derivation)
         return folder;
