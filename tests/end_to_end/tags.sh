@@ -26,11 +26,16 @@ expect_converted 1 0
 flac="$work/flac/$(basename "$source")"
 [ "$(metaflac --show-tag=ARTIST "$flac" | tr '\n' ' ')" = "ARTIST=Erste ARTIST=Zweite " ] ||
     fail "artists: $(metaflac --show-tag=ARTIST "$flac")"
-for text in COMMENT:one:two LYRICS:la:la:la; do # of several lines, and still one value
-    [ "$(metaflac --show-tag="${text%%:*}" "$flac")" = "$(printf %s "${text/:/=}" | tr : '\n')" ] ||
-        fail "$(metaflac --show-tag="${text%%:*}" "$flac")"
-done
 metaflac --export-picture-to="$work/back.jpg" "$flac"
 cmp "$work/cover.jpg" "$work/back.jpg" || fail "the cover changed on its way"
 [ "$(metaflac --show-tag=TITLE "$flac")" = "TITLE=Café – 日本" ] || fail "title of $flac"
+
+convert --to FLAC --out "$work/same" "$source"
+expect_converted 1 0
+same="$work/same/$(basename "$source")"
+for text in COMMENT:one:two LYRICS:la:la:la; do # of several lines, and still one value
+    [ "$(metaflac --show-tag="${text%%:*}" "$same")" = "$(printf %s "${text/:/=}" | tr : '\n')" ] ||
+        fail "$(metaflac --show-tag="${text%%:*}" "$same")"
+done
+[ "$(metaflac --show-tag=DATE "$same")" = "DATE=1999-05-01" ] || fail "$(metaflac --show-tag=DATE "$same")"
 finish
