@@ -33,6 +33,7 @@ if [ ${#files[@]} = 0 ]; then
     files=(/usr/share/sounds/alsa/*.wav)
 fi
 mkdir -p "$out"
+out=$(realpath -ms -- "$out") # the run goes on in another folder
 
 . "$root/scripts/wine-env.sh"
 mkdir -p "$tm_wine"
@@ -66,6 +67,8 @@ key='HKEY_CURRENT_USER\Software\Vantrel\Zephtone'
 {
     printf 'Windows Registry Editor Version 5.00\n\n[%s]\n' "$key"
     printf '"zTMSkipedFinish"=dword:00000001\n"zTM-NoDisplayError"=dword:00000001\n"zTM-DisplayInfo"=dword:00000000\n'
+    # Decoders remembered from a program folder elsewhere would be taken before this one's.
+    printf '\n[-%s\\DecoderCache64]\n' "$key"
     printf '\n[%s\\zTMCodec\\%s]\n' "$key" "$encoder"
     printf '"ZTMUserFolder"=dword:00000001\n'
     printf '"ZTMUserFolderStr"="%s"\n' "$(registry_text "$(windows_path "$stage")")"
@@ -84,7 +87,7 @@ if [ ! -e "$job/report.txt" ]; then
     exit 1
 fi
 converted=0 failed=0
-out=$(realpath -ms -- "$out") stage=$(realpath -ms -- "$stage")
+stage=$(realpath -ms -- "$stage")
 while IFS=$'\t' read -r state source target; do
     source=${source#Z:} target=${target#Z:}
     case $state in
