@@ -38,16 +38,6 @@ TEST(XArray, GrowsByDoublingSteps) {
     }
 }
 
-TEST(XArray, StepIsBounded) {
-    XPointerSlots slots;
-    while (slots.step < 500000 || slots.count < slots.capacity)
-        slots.Add(nullptr);
-    const std::int64_t before = slots.capacity;
-    slots.Add(nullptr);
-    EXPECT_EQ(slots.capacity, before + 500000);
-    EXPECT_EQ(slots.step, 500000);
-}
-
 TEST(XArray, InsertsAndRemovesWithinBounds) {
     XStringArray texts;
     texts.AddString(L"b", 5);

@@ -1,7 +1,5 @@
-// Path helpers, and where special folders are derived from.
+// Path helpers.
 #include "foundation/XPath.h"
-
-#include "foundation/XSpecialFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -89,16 +87,4 @@ TEST(XPath, LongPathsGetThePrefix) {
         EXPECT_EQ(LongPath(path, row.limit), (row.prefixed ? L"\\\\?\\" : L"") + path) << row.count;
     }
     EXPECT_EQ(LongPath(L"", longFileLimit), L"");
-}
-
-TEST(XPath, MissingFoldersAreDerived) {
-    const FolderDerivation* data = FindFolderDerivation(26);
-    const FolderDerivation* music = FindFolderDerivation(53);
-    ASSERT_TRUE(data && music);
-    EXPECT_EQ(DeriveFolder(*data, L"C:\\u\\Documents\\"), L"C:\\u\\Application Data\\");
-    EXPECT_EQ(music->from, 46);
-    EXPECT_EQ(DeriveFolder(*music, L"C:\\all\\"), L"C:\\all\\My Music\\");
-    EXPECT_EQ(FindFolderDerivation(5), nullptr);
-    EXPECT_EQ(FinishFolder(L"C:\\x"), L"C:\\x\\");
-    EXPECT_EQ(FinishFolder(L""), L"");
 }

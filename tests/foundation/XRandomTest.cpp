@@ -10,14 +10,3 @@ TEST(XRandom, GivesTheKnownSequence) {
         static_cast<void>(random.Next());
     EXPECT_EQ(random.Next(), 4123659995u);
 }
-
-TEST(XRandom, StaysBelowItsRange) {
-    XMersenneTwister random(1);
-    EXPECT_EQ(random.Below(0), 0u);
-    EXPECT_EQ(random.Below(1), 0u);
-    bool seen[10] = {};
-    for (int i = 0; i < 1000; ++i)
-        seen[random.Below(10)] = true;
-    for (const bool one : seen)
-        EXPECT_TRUE(one);
-}

@@ -1,8 +1,6 @@
-// Texts that come from the system: registry values and the regional settings.
+// Texts that come from the registry.
 #include "foundation/XDateText.h"
 #include "foundation/XHandles.h"
-#include "foundation/XKeyValueList.h"
-#include "foundation/XNumberText.h"
 #include "foundation/XRegistryText.h"
 
 #include <gtest/gtest.h>
@@ -39,17 +37,6 @@ TEST(XSystemText, RegistryTexts) {
     EXPECT_EQ(ReadRegistryText(HKEY_CURRENT_USER, subkey, L"missing"), L"");
     EXPECT_EQ(ReadRegistryText(HKEY_CURRENT_USER, L"Software\\TonemillNoSuchKey", L""), L"");
     RegDeleteKeyW(HKEY_CURRENT_USER, subkey);
-}
-
-TEST(XSystemText, RegionalSettingsAreThoseOfTheUser) {
-    LoadLocaleNumbers();
-    const XString stored = ReadRegistryText(HKEY_CURRENT_USER, L"Control Panel\\International", L"sThousand");
-    EXPECT_TRUE(LocaleNumbers().loaded);
-    EXPECT_EQ(XString(LocaleNumbers().thousandSeparator), stored.Left(5));
-}
-
-TEST(XSystemText, CommandLineNamesTheProgram) {
-    EXPECT_GT(ProcessCommandLine().Find(L"test_foundation", 1, true), 0);
 }
 
 TEST(XSystemText, DatesAndTimes) {

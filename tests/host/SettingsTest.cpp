@@ -82,15 +82,3 @@ TEST_F(Settings, DeletesATreeAndNothingElse) {
     ASSERT_EQ(names.Count(), 1);
     EXPECT_EQ(names[0], XString(L"tt"));
 }
-
-TEST_F(Settings, FirstRunDefaultsAreWrittenOnce) {
-    const auto tagging = [] { return SettingsPath(Setting::keyTagging); };
-    WriteFirstRunDefaults();
-    EXPECT_EQ(RegReadDword(Setting::installedDefault), 1u);
-    EXPECT_EQ(RegReadDword(Setting::tagDefault, nullptr, tagging()), 3u);
-    EXPECT_EQ(RegReadDword(Setting::albumArtFolder, nullptr, SettingsPath(Setting::keyDiscProfile)), 1u);
-    EXPECT_EQ(RegReadDword(Setting::freqConversion), 1u);
-    RegDeleteTree(nullptr, registryPath, L"Tagging");
-    WriteFirstRunDefaults();
-    EXPECT_EQ(RegReadDword(Setting::tagDefault, nullptr, tagging()), 0u);
-}
