@@ -25,6 +25,7 @@ bool ReadFormat(const AudioFormatRecord* record, PcmFormat& format, XString& err
     }
     format.isFloat = record->sampleKind == ztSampleFloat;
     format.bits = format.isFloat ? 32 : record->bitsPerSample;
+    format.isLossy = format.isFloat && !(record->flags & ztFormatLossless);
     format.channels = record->channels;
     format.frequency = record->frequency;
     // A mask that does not fit the channels says nothing about their places.

@@ -9,6 +9,8 @@
 struct PcmFormat {
     bool isFloat = false;
     int bits = 16; // valid bits of integers; 32 for float
+    // Decoded from a coding with loss: float, but with nothing worth keeping below 16 bits.
+    bool isLossy = false;
     int channels = 2;
     std::uint32_t frequency = 44100;
     std::uint32_t channelMask = 0; // one bit per channel, or 0 if the places are unknown

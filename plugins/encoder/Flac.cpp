@@ -18,6 +18,7 @@ constexpr SettingsOption options[] = {
 constexpr int defaultLevel = 5;
 constexpr int fewestBits = 4; // below this the format has no depth: samples move up to 8 bits
 constexpr int bitsForFloat = 24;
+constexpr int bitsForLossy = 16; // more would only store noise
 constexpr int mostChannels = 8;
 constexpr std::uint32_t mostFrequency = FLAC__MAX_SAMPLE_RATE;
 
@@ -26,6 +27,8 @@ struct DeleteEncoder {
 };
 
 int BitsFor(const PcmFormat& source) noexcept {
+    if (source.isLossy)
+        return bitsForLossy;
     return source.isFloat ? bitsForFloat : source.bits < fewestBits ? 8 : source.bits;
 }
 

@@ -1,4 +1,5 @@
-// The encoder library "Wave": integer and float PCM, as the source has it unless the settings say else.
+// The encoder library "Wave": integer and float PCM, as the source has it unless the settings say else;
+// 16 bits for sources that were coded with loss, as users know them.
 #include "foundation/XTagList.h"
 #include "plugins/common/EncoderExports.h"
 #include "plugins/common/Id3Tag.h"
@@ -23,9 +24,11 @@ WaveLayout LayoutOf(const PcmFormat& source, const wchar_t* text) {
     (void)settings.Parse(text, options, error);
     WaveLayout layout;
     const XString kind = settings.Word(L"format", L"source");
-    layout.isFloat = kind.EqualsNoCase(L"float") || (kind.EqualsNoCase(L"source") && source.isFloat);
+    layout.isFloat =
+        kind.EqualsNoCase(L"float") || (kind.EqualsNoCase(L"source") && source.isFloat && !source.isLossy);
     // Odd depths move up to whole bytes: few readers accept padded samples.
-    const std::int64_t bits = layout.isFloat ? 32 : settings.Number(L"format", source.bits);
+    const std::int64_t bits =
+        layout.isFloat ? 32 : settings.Number(L"format", source.isLossy ? 16 : source.bits);
     layout.sampleBytes = static_cast<int>((bits + 7) / 8);
     layout.channels = static_cast<int>(settings.Number(L"channels", source.channels));
     layout.frequency = static_cast<std::uint32_t>(settings.Number(L"rate", source.frequency));

@@ -35,6 +35,7 @@ AudioFormatRecord IntegerFormat(int channels, int bits, std::uint32_t frequency)
 AudioFormatRecord FloatFormat(int channels, std::uint32_t frequency) {
     AudioFormatRecord format = IntegerFormat(channels, 32, frequency);
     format.sampleKind = ztSampleFloat;
+    format.flags = ztFormatLossless;
     return format;
 }
 

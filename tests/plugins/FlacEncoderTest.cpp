@@ -38,11 +38,14 @@ TEST(FlacEncoder, KeepsIntegersAndTellsThem) {
     }
 }
 
-TEST(FlacEncoder, RoundsFloatsTo24Bits) {
+TEST(FlacEncoder, RoundsFloatsTo24BitsAndLossySourcesTo16) {
     EncoderDriver encoder(L"FLAC");
-    const AudioFormatRecord format = FloatFormat(2, 48000);
+    AudioFormatRecord format = FloatFormat(2, 48000);
     ASSERT_TRUE(encoder.Convert(format, TestSignal(format, 5000), L"-verify -level=\"8\""));
     EXPECT_EQ((BigAt(encoder.bytes, 18, 8) >> 36 & 31) + 1, 24u);
+    format.flags = 0;
+    ASSERT_TRUE(encoder.Convert(format, TestSignal(format, 5000)));
+    EXPECT_EQ((BigAt(encoder.bytes, 18, 8) >> 36 & 31) + 1, 16u);
 }
 
 TEST(FlacEncoder, RefusesWhatTheFormatCannotHold) {

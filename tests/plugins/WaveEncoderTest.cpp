@@ -54,15 +54,19 @@ TEST(WaveEncoder, KeepsIntegersBitByBit) {
     }
 }
 
-TEST(WaveEncoder, KeepsFloats) {
+TEST(WaveEncoder, KeepsFloatsUnlessTheyComeFromALossyCoding) {
     EncoderDriver encoder(L"Wave");
-    const AudioFormatRecord format = FloatFormat(2, 48000);
+    AudioFormatRecord format = FloatFormat(2, 48000);
     const std::vector<std::int32_t> samples = TestSignal(format, 4001);
     ASSERT_TRUE(encoder.Convert(format, samples));
     std::size_t at = 0, size = 0;
     ASSERT_TRUE(FindChunk(encoder.bytes, "data", at, size));
     ASSERT_EQ(size, samples.size() * 4);
     EXPECT_EQ(std::memcmp(encoder.bytes.data() + at, samples.data(), size), 0);
+    format.flags = 0;
+    ASSERT_TRUE(encoder.Convert(format, samples));
+    ASSERT_TRUE(FindChunk(encoder.bytes, "data", at, size));
+    EXPECT_EQ(size, samples.size() * 2);
 }
 
 struct ChangeRow {
