@@ -6,8 +6,11 @@
 
 namespace {
 
-constexpr int mostChunks = 200;                   // more before the audio is no Wave file that anybody wrote
-constexpr std::uint32_t unknownFrom = 0x7ffff000; // sizes from here on stand for "as it comes"
+constexpr int mostChunks = 200; // more before the audio is no Wave file that anybody wrote
+// What programs that write to a pipe put there: near the end of the signed or the unsigned range.
+bool IsUnknown(std::uint32_t size) noexcept {
+    return size >= 0xfffff000 || (size >= 0x7ffff000 && size <= 0x80000000);
+}
 
 struct Chunk {
     char name[4];
@@ -31,7 +34,7 @@ std::uint64_t PromisedWaveBytes(FileInput& input) {
         if (!input.Rewind(at) || input.Read(&chunk, sizeof chunk) != sizeof chunk)
             return 0;
         if (Is(chunk.name, "data"))
-            return chunk.size < unknownFrom ? chunk.size : 0;
+            return IsUnknown(chunk.size) ? 0 : chunk.size;
         at += 8 + static_cast<std::int64_t>(chunk.size) + (chunk.size & 1);
     }
     return 0;
