@@ -20,16 +20,19 @@ constexpr wchar_t functionWords[] =
     L"UPPER\rLOWER\rRIGHT\rGRAB\rTRIM\rDEL\rSETLEN\rIFCOMP\rIF!COMP\rIFMULTI\rIF!MULTI\rIFEQUALS\rIF!EQUALS\r"
     L"IF\rIFVALUE\rTRIMFIRSTFOLDER\rTRIMLASTFOLDER\rMAXLENGTH\rFRONTFOLDER\rBACKFOLDER";
 constexpr std::int64_t patience = 400000;
+constexpr std::int64_t searchPatience = 1000000;
 
 struct Plain {
     XString result;
     XTagList values;
     XStringArray folders;
     std::int64_t spent = 0;
+    std::int64_t searched = 0;
 
     bool Swap(int first, int last, const XString& value) {
         spent += 64 + value.Count();
-        if (spent > patience)
+        searched += result.Count();
+        if (spent > patience || searched > searchPatience)
             return false;
         result.Delete(first, last);
         result.Insert(value, first);

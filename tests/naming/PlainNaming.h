@@ -5,6 +5,6 @@
 #include "foundation/XArray.h"
 #include "foundation/XTagList.h"
 
-// False if it had to be given up, because the template puts in more than some hundred thousand units.
+// False if it was given up: long texts with many replacements take too long this way.
 [[nodiscard]] bool EvaluatePlainly(XString& out, const XString& naming, XTagList& tags,
                                    const XStringArray* extras);
