@@ -82,9 +82,14 @@ XString ValueOf(const NamingElement& row, XTagList& values) {
     return value;
 }
 
+// Extras may begin with anything.
+int FindElement(const XString& text, const wchar_t* element, int from) {
+    return *element == L'[' ? FindBracketed(text, element, from) : text.Find(element, from, true);
+}
+
 // No value holds an opening bracket, so each replacement leaves one bracket less in the text.
 bool ReplaceRow(clNamingText& work, const NamingElement& row, XTagList& values) {
-    int p = work.text.Find(row.element, 1, true);
+    int p = FindElement(work.text, row.element, 1);
     if (p == 0)
         return true;
     const XString value = ValueOf(row, values);
@@ -93,7 +98,7 @@ bool ReplaceRow(clNamingText& work, const NamingElement& row, XTagList& values) 
         if (!work.Put(p, p + length - 1, value))
             return false;
         // The value may have joined what stands around it; before that nothing is new.
-        p = work.text.Find(row.element, std::max(1, p - length + 1), true);
+        p = FindElement(work.text, row.element, std::max(1, p - length + 1));
     }
     return true;
 }
@@ -169,7 +174,7 @@ void ReplaceElements(clNamingText& work, XTagList& values, const XStringArray* e
 void ReplaceTagWrappers(clNamingText& work, XTagList& values) {
     int from = 1;
     for (;;) {
-        const int p = work.text.Find(tagWrapper, from, true);
+        const int p = FindBracketed(work.text, tagWrapper, from);
         const int q = p ? work.text.Find(closingToken, p) : 0;
         if (q == 0)
             return;
@@ -183,7 +188,7 @@ void ReplaceTagWrappers(clNamingText& work, XTagList& values) {
 void ReplaceTagsWrappers(clNamingText& work, XTagList& values) {
     int from = 1;
     for (;;) {
-        const int p = work.text.Find(tagsWrapper, from, true);
+        const int p = FindBracketed(work.text, tagsWrapper, from);
         const int q = p ? work.text.Find(closingToken, p) : 0;
         if (q == 0)
             return;
@@ -197,6 +202,6 @@ void ReplaceTagsWrappers(clNamingText& work, XTagList& values) {
 
 bool HasDynamicItem(const XString& namingTemplate) {
     return std::any_of(std::begin(table), std::end(table), [&](const NamingElement& row) {
-        return row.isDynamic && namingTemplate.Find(row.element, 1, true) > 0;
+        return row.isDynamic && FindBracketed(namingTemplate, row.element, 1) > 0;
     });
 }

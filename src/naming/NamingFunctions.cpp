@@ -3,7 +3,6 @@
 
 #include "foundation/XArray.h"
 #include "foundation/XPath.h"
-#include "foundation/XUnits.h"
 
 #include <algorithm>
 #include <climits>
@@ -263,15 +262,6 @@ constexpr NamingFunction table[] = {
     {L"[FRONTFOLDER]", FrontFolder},
     {L"[BACKFOLDER]", BackFolder},
 };
-
-// Reads at most up to the terminator, which matches nothing.
-bool StandsAt(const wchar_t* at, const wchar_t* name) {
-    while (*name && FoldUp(*at) == *name) {
-        ++at;
-        ++name;
-    }
-    return *name == 0;
-}
 
 const NamingFunction* FunctionAt(const XString& text, int p) {
     if (text.CharAt(p) != L'[')

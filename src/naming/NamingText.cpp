@@ -1,6 +1,8 @@
 // Allowance and helpers of the naming language.
 #include "naming/NamingText.h"
 
+#include "foundation/XUnits.h"
+
 namespace {
 
 // An honest template spends some hundred units; what this permits is done in well under a second.
@@ -29,6 +31,22 @@ bool clNamingText::Put(int first, int last, const XString& value) {
     text.Delete(first, last);
     text.Insert(value, first);
     return true;
+}
+
+// Reads at most up to the terminator, which matches nothing.
+bool StandsAt(const wchar_t* at, const wchar_t* word) noexcept {
+    while (*word && FoldUp(*at) == FoldUp(*word)) {
+        ++at;
+        ++word;
+    }
+    return *word == 0;
+}
+
+int FindBracketed(const XString& text, const wchar_t* word, int from) noexcept {
+    int p = text.FindChar(L'[', from);
+    while (p > 0 && !StandsAt(text.Text() + p - 1, word))
+        p = text.FindChar(L'[', p + 1);
+    return p;
 }
 
 XString FirstLine(const XString& text) {

@@ -20,6 +20,12 @@ struct clNamingText {
     std::int64_t allowance; // units
 };
 
+// True if the terminated `word` stands at `at`, in any case.
+[[nodiscard]] bool StandsAt(const wchar_t* at, const wchar_t* word) noexcept;
+// Position of a word that begins with a bracket, in any case; 0 if none. Brackets are rare, and this is
+// asked for every element of the language.
+[[nodiscard]] int FindBracketed(const XString& text, const wchar_t* word, int from) noexcept;
+
 // Up to the first CR, which parts the values of a tag.
 [[nodiscard]] XString FirstLine(const XString& text);
 // "5/15": what stands before the first slash, or behind it (empty without one); blanks trimmed.
