@@ -192,7 +192,7 @@ XString TidyFolders(const XString& path) {
 // Takes components off the end as PopLastFolder does, but looks for the root once, since a long value
 // may hold thousands of them. What can't be taken off is the first folder, or the drive.
 XString TrimFirstFolder(XString& args, Sources&) {
-    const XString whole(args);
+    const XString& whole = args;
     const int root = RootEnd(whole);
     int first = 0; // of the outermost component taken off
     int end = whole.Count();
