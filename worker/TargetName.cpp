@@ -18,36 +18,6 @@ bool IsForbidden(wchar_t ch) {
     return false;
 }
 
-bool IsDeviceNumber(wchar_t ch) {
-    return (ch >= L'1' && ch <= L'9') || ch == 0x00B9 || ch == 0x00B2 || ch == 0x00B3; // superscripts, too
-}
-
-// Windows opens the device whatever folder and extension the name has.
-bool IsDeviceName(const XString& component) {
-    const int dot = component.FindChar(L'.');
-    XString stem = dot ? component.Left(dot - 1) : component;
-    stem.TrimRight();
-    for (const wchar_t* device : {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"})
-        if (stem.EqualsNoCase(device))
-            return true;
-    const XString port = stem.Left(3);
-    return stem.Count() == 4 && IsDeviceNumber(stem.CharAt(4)) &&
-           (port.EqualsNoCase(L"COM") || port.EqualsNoCase(L"LPT"));
-}
-
-bool HoldsDeviceName(const XString& path) {
-    int start = 1;
-    for (int pos = 1; pos <= path.Count() + 1; ++pos) {
-        const wchar_t ch = path.CharAt(pos);
-        if (pos <= path.Count() && ch != L'\\' && ch != L'/')
-            continue;
-        if (IsDeviceName(path.Mid(start, pos - 1)))
-            return true;
-        start = pos + 1;
-    }
-    return false;
-}
-
 } // namespace
 
 const wchar_t* TargetPathFault(const XString& path) {
@@ -70,7 +40,7 @@ const wchar_t* TargetPathFault(const XString& path) {
         if (++length > longestComponent)
             return L"a name in it is longer than 255 characters";
     }
-    if (HoldsDeviceName(path))
+    if (NamesDevice(path))
         return L"a name in it, such as CON, NUL or COM1, is one that Windows keeps for a device";
     return nullptr;
 }

@@ -1,6 +1,8 @@
 // Path helpers on text.
 #include "foundation/XPath.h"
 
+#include <initializer_list>
+
 XString FolderOf(const XString& path) {
     const int slash = path.ReverseFindChar(L'\\');
     return slash ? path.Left(slash) : path;
@@ -61,4 +63,38 @@ XString LongPath(const XString& path, int limit) {
     if (path.StartsWith(L"\\\\") || path.Count() < limit)
         return path;
     return L"\\\\?\\" + path;
+}
+
+namespace {
+
+bool IsDeviceNumber(wchar_t ch) {
+    return (ch >= L'1' && ch <= L'9') || ch == 0x00B9 || ch == 0x00B2 || ch == 0x00B3; // superscripts, too
+}
+
+// Windows opens the device whatever folder and extension the name has.
+bool IsDeviceName(const XString& component) {
+    const int dot = component.FindChar(L'.');
+    XString stem = dot ? component.Left(dot - 1) : component;
+    stem.TrimRight();
+    for (const wchar_t* device : {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"})
+        if (stem.EqualsNoCase(device))
+            return true;
+    const XString port = stem.Left(3);
+    return stem.Count() == 4 && IsDeviceNumber(stem.CharAt(4)) &&
+           (port.EqualsNoCase(L"COM") || port.EqualsNoCase(L"LPT"));
+}
+
+} // namespace
+
+bool NamesDevice(const XString& path) {
+    int start = 1;
+    for (int pos = 1; pos <= path.Count() + 1; ++pos) {
+        const wchar_t ch = path.CharAt(pos);
+        if (pos <= path.Count() && ch != L'\\' && ch != L'/')
+            continue;
+        if (IsDeviceName(path.Mid(start, pos - 1)))
+            return true;
+        start = pos + 1;
+    }
+    return false;
 }

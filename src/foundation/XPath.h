@@ -17,6 +17,9 @@
 void PopLastFolder(XString& out, XString& path);
 // Prefixes \\?\ when the path has `limit` characters or more and does not start with \\.
 [[nodiscard]] XString LongPath(const XString& path, int limit);
+// True if a component is a name that Windows keeps for a device (NUL, con.txt, COM1): it opens the
+// device, and says that a file of that name exists, in every folder.
+[[nodiscard]] bool NamesDevice(const XString& path);
 
 inline constexpr int longFileLimit = 260;   // files opened with CreateFileW
 inline constexpr int longFolderLimit = 248; // folders, DeleteFileW, FindFirstFileW
