@@ -7,12 +7,15 @@
 #include "foundation/XPath.h"
 #include "host/CodecHandler.h"
 #include "host/Settings.h"
+#include "naming/NamingEvaluator.h"
 #include "naming/OutputPath.h"
 
 namespace {
 
 // Most outputs are new, and a question for attributes tells that many times faster than a search.
 bool IsOutputThere(const XString& path) {
+    if (NamesDevice(path))
+        return false; // no file to ask about; the worker tells what is wrong
     if (GetFileAttributesW(LongPath(path, longFileLimit)) == INVALID_FILE_ATTRIBUTES) {
         const DWORD error = GetLastError();
         if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND)
@@ -46,7 +49,7 @@ void clConversion::Prepare() {
 }
 
 void clConversion::StartReadAhead() {
-    NeedsTags = !setup.namingTemplate.IsEmpty(); // most templates name a tag
+    NeedsTags = HasDynamicItem(setup.namingTemplate);
     readAheadWork.files = &files;
     readAhead.Start(ProbeSourceFiles, &readAheadWork, readAheadStopMs);
 }

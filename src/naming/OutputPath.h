@@ -8,7 +8,8 @@ struct clFileItem;
 
 // Sets item.outputPath. Its earlier content, if any, is a path without extension that the user chose.
 // Otherwise `folder`, in the form that users see, may be empty: the output then lies beside the source.
-// `extension` has its leading dot.
+// A `namingTemplate` names the output, and folders below `folder`, after the file's tags; an empty one
+// keeps the source's name. `extension` has its leading dot.
 void ComputeOutputPath(clFileItem& item, const XString& folder, const XString& namingTemplate,
                        const XString& extension);
 

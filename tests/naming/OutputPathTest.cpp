@@ -2,6 +2,7 @@
 #include "naming/OutputPath.h"
 
 #include "host/clFileItem.h"
+#include "naming/ExtraElements.h"
 #include "naming/NamedFolders.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +14,11 @@ struct OutputRow {
     const wchar_t* earlier; // output path that the user chose
     const wchar_t* folder;
     const wchar_t* extension;
+    const wchar_t* expected;
+};
+struct DynamicRow {
+    const wchar_t* folder;
+    const wchar_t* naming;
     const wchar_t* expected;
 };
 
@@ -35,6 +41,40 @@ TEST(OutputPath, FollowsTheChosenPlace) {
         ComputeOutputPath(item, row.folder, L"", row.extension);
         EXPECT_EQ(item.outputPath, XString(row.expected));
     }
+}
+
+TEST(OutputPath, TemplatesNameFilesAfterTheirTags) {
+    XTagList tags;
+    tags.Add(L"artist", L"A.B.C.");
+    tags.Add(L"album", L"Ox/Ew: Live");
+    tags.Add(L"title", L"What?");
+    tags.Add(L"genre", L"Pop\\Rock");
+    tags.Add(L"mood", L"..");
+    clFileItem item;
+    ASSERT_TRUE(tags.Serialize(item.tagImage));
+    item.SetStage(stageTags);
+    item.sourcePath = L"D:\\a\\b\\song.flac";
+    zTMExtraElements.Add(L"[station]", L"Radio\\One");
+    constexpr DynamicRow rows[] = {
+        {L"C:\\Out", L"[title]", L"C:\\Out\\What\u00bf.mp3"},
+        {L"C:\\Out\\", L"[album]", L"C:\\Out\\Ox-Ew; Live.mp3"},
+        {L"C:\\Out", L"[artist]\\[artist]", L"C:\\Out\\A.B.C\\A.B.C..mp3"},
+        {L"C:\\Out", L"[album]\\", L"C:\\Out\\Ox-Ew; Live.mp3"},
+        {L"C:\\Out", L"[composer]", L"C:\\Out.mp3"}, // nothing: the folder gives the name
+        {L"C:\\Out", L"[mood]\\[mood]\\x", L"C:\\Out\\x.mp3"},
+        {L"C:\\Out", L"[genre]\\[origpath]\\[extension]", L"C:\\Out\\Pop-Rock\\a\\b\\mp3.mp3"},
+        {L"[origdrive]", L"[title]", L"D:\\What\u00bf.mp3"},
+        {L"[origdrive]Music\\", L"x", L"D:\\Music\\x.mp3"},
+        {L"[origdrive]", L"", L"[origdrive]song.mp3"}, // only templates fill it in
+        {L"C:\\Out", L"[station]\\[title]", L"C:\\Out\\Radio\\One\\What\u00bf.mp3"},
+        {L"", L"[title]", L"D:\\a\\b\\song.mp3"},
+    };
+    for (const DynamicRow& row : rows) {
+        item.outputPath.Clear();
+        ComputeOutputPath(item, row.folder, row.naming, L".mp3");
+        EXPECT_EQ(item.outputPath, row.expected) << testing::PrintToString(XString(row.naming));
+    }
+    zTMExtraElements.Clear();
 }
 
 TEST(OutputPath, NamedFoldersResolve) {
