@@ -1,22 +1,29 @@
 #!/usr/bin/env bash
 # Converts audio files with Tonemill under Wine, unattended, in a Wine prefix of its own.
-# Usage: ./convert.sh [--to ENCODER] [--out FOLDER] [--settings TEXT] [FILE...]
+# Usage: ./convert.sh [--to ENCODER] [--out FOLDER] [--naming TEMPLATE] [--settings TEXT] [FILE...]
 #   --to        an encoder in build/Tonemill/encoder (default FLAC)
 #   --out       where the outputs go (default build/converted)
+#   --naming    folders and names from the files' tags, such as '[artist]\[album]\[track] - [title]'
+#               (default: the sources' names)
 #   --settings  the encoder's settings text, such as '-level="8"'
 # Without files it converts recordings that Debian's package alsa-utils brings.
 # Ends with 0 if every file was converted, 1 if one failed, 2 for a wrong call.
 set -euo pipefail
 root=$(cd "$(dirname "$0")" && pwd)
-encoder=FLAC out=$root/build/converted settings=
+encoder=FLAC out=$root/build/converted settings= naming=
 files=()
 while [ $# -gt 0 ]; do
     case $1 in
-    --to | --out | --settings)
+    --to | --out | --naming | --settings)
         [ $# -ge 2 ] || { echo "convert.sh: $1 wants a value" >&2; exit 2; }
-        case $1 in --to) encoder=$2 ;; --out) out=$2 ;; --settings) settings=$2 ;; esac
+        case $1 in
+        --to) encoder=$2 ;;
+        --out) out=$2 ;;
+        --naming) naming=$2 ;;
+        --settings) settings=$2 ;;
+        esac
         shift 2 ;;
-    -h | --help) sed -n '2,9s/^# \{0,1\}//p' "$0"; exit 0 ;;
+    -h | --help) sed -n '2,11s/^# \{0,1\}//p' "$0"; exit 0 ;;
     --) shift; files+=("$@"); break ;;
     -*) echo "convert.sh: unknown option $1" >&2; exit 2 ;;
     *) files+=("$1"); shift ;;
@@ -70,9 +77,9 @@ key='HKEY_CURRENT_USER\Software\Vantrel\Zephtone'
     # Decoders remembered from a program folder elsewhere would be taken before this one's.
     printf '\n[-%s\\DecoderCache64]\n' "$key"
     printf '\n[%s\\zTMCodec\\%s]\n' "$key" "$encoder"
-    printf '"ZTMUserFolder"=dword:00000001\n'
+    printf '"ZTMUserFolder"=dword:0000000%d\n' $((${#naming} > 0 ? 2 : 1)) # chosen folder, or dynamic
     printf '"ZTMUserFolderStr"="%s"\n' "$(registry_text "$(windows_path "$stage")")"
-    printf '"ZTMDynamicNaming"=""\n'
+    printf '"ZTMDynamicNaming"="%s"\n' "$(registry_text "$naming")"
     printf '"ZTMDSPEffects"="%s"\n' "$(registry_text "$chain")"
     printf '"zTM_CLI"="%s"\n' "$(registry_text "$settings")"
 } | { printf '\xff\xfe'; iconv -f UTF-8 -t UTF-16LE; } >"$job/recipe.reg"
@@ -93,9 +100,11 @@ while IFS=$'\t' read -r state source target; do
     case $state in
     ok)
         target=${target//\\//}
-        final=$out${target#"$stage"}
+        # Where the limit of length took the output out of the fresh folder, it stays.
+        final=$target
+        [ "${target#"$stage"}" = "$target" ] || final=$out${target#"$stage"}
         # Of two sources with one output the later one stands; the earlier row has nothing to move.
-        if [ -e "$target" ]; then
+        if [ -e "$target" ] && [ "$target" != "$final" ]; then
             mkdir -p "$(dirname "$final")"
             mv -f -- "$target" "$final"
         fi
