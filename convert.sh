@@ -46,11 +46,11 @@ out=$(realpath -ms -- "$out") # the run goes on in another folder
 mkdir -p "$tm_wine"
 exec 9>"$root/build/.convert.lock"
 flock 9 # the recipe in the registry is one per prefix
-stage=
 clean_up() {
-    [ -z "$stage" ] || rm -rf "$stage"
+    rm -rf "$job/out" # outputs that nobody took
     [ -n "${TM_WINE_RUNNING:-}" ] || tm_stop_wine
 }
+job=$WINEPREFIX/drive_c/tonemill-job
 trap clean_up EXIT
 [ -n "${TM_WINE_RUNNING:-}" ] || tm_start_wine
 
@@ -58,12 +58,10 @@ trap clean_up EXIT
 windows_path() { printf 'Z:%s' "$(realpath -ms -- "$1")" | tr / '\\'; }
 registry_text() { printf '%s' "$1" | sed 's/[\\"]/\\&/g'; }
 
-# Outputs of earlier runs would bring up a question: convert into a fresh folder beside them, and
-# move what succeeded.
-stage=$(mktemp -d "$out/tonemill-XXXXXX")
-job=$WINEPREFIX/drive_c/tonemill-job
+# Outputs of earlier runs would bring up a question: convert into a fresh folder, and move what
+# succeeded. On the prefix's own drive a dot in front of a folder of OUT is out of the way, too.
 rm -rf "$job"
-mkdir -p "$job"
+mkdir -p "$job/out"
 for file in "${files[@]}"; do
     printf '%s\r\n' "$(windows_path "$file")"
 done | iconv -f UTF-8 -t UTF-16LE >"$job/list.txt"
@@ -78,7 +76,7 @@ key='HKEY_CURRENT_USER\Software\Vantrel\Zephtone'
     printf '\n[-%s\\DecoderCache64]\n' "$key"
     printf '\n[%s\\zTMCodec\\%s]\n' "$key" "$encoder"
     printf '"ZTMUserFolder"=dword:0000000%d\n' $((${#naming} > 0 ? 2 : 1)) # chosen folder, or dynamic
-    printf '"ZTMUserFolderStr"="%s"\n' "$(registry_text "$(windows_path "$stage")")"
+    printf '"ZTMUserFolderStr"="%s"\n' 'C:\\tonemill-job\\out'
     printf '"ZTMDynamicNaming"="%s"\n' "$(registry_text "$naming")"
     printf '"ZTMDSPEffects"="%s"\n' "$(registry_text "$chain")"
     printf '"zTM_CLI"="%s"\n' "$(registry_text "$settings")"
@@ -93,24 +91,27 @@ if [ ! -e "$job/report.txt" ]; then
     echo "convert.sh: the batch ended without a report" >&2
     exit 1
 fi
+# Under a name of its own until it is whole, since OUT may be another file system.
+take() { # FROM TO
+    mkdir -p "$(dirname "$2")"
+    mv -f -- "$1" "$(dirname "$2")/.tonemill-$$" && mv -f -- "$(dirname "$2")/.tonemill-$$" "$2"
+}
 converted=0 failed=0
-stage=$(realpath -ms -- "$stage")
 while IFS=$'\t' read -r state source target; do
-    source=${source#Z:} target=${target#Z:}
     case $state in
     ok)
-        target=${target//\\//}
-        # Where the limit of length took the output out of the fresh folder, it stays.
-        final=$target
-        [ "${target#"$stage"}" = "$target" ] || final=$out${target#"$stage"}
-        # Of two sources with one output the later one stands; the earlier row has nothing to move.
-        if [ -e "$target" ] && [ "$target" != "$final" ]; then
-            mkdir -p "$(dirname "$final")"
-            mv -f -- "$target" "$final"
+        relative=${target#'C:\tonemill-job\out\'}
+        relative=${relative//\\//}
+        # Of two sources with one output the later one stands; the earlier row has nothing to take.
+        if [ -e "$job/out/$relative" ]; then
+            take "$job/out/$relative" "$out/$relative"
         fi
         converted=$((converted + 1))
-        printf 'written  %s\n' "$final" ;;
-    failed) failed=$((failed + 1)); printf 'failed   %s\n' "${source//\\//}" ;;
+        printf 'written  %s\n' "$out/$relative" ;;
+    failed)
+        source=${source#Z:}
+        failed=$((failed + 1))
+        printf 'failed   %s\n' "${source//\\//}" ;;
     esac
 done < <(tr -d '\r' <"$job/report.txt")
 printf '%d converted, %d failed\n' "$converted" "$failed"
