@@ -1,6 +1,7 @@
 // Measurements of the program's own work, printed in milliseconds; scripts/bench.sh calls them.
 //   bench list N                   a list file of N paths: read, sorted, made unique
 //   bench examine N FILE...        N files asked for their format, round robin over FILE
+//   bench naming N                 N evaluations and output paths, of a plain, a typical and a heavy template
 //   bench loop ENCODER OUT FILE... the same workers as a batch's, two at a time, with no supervision
 #include "engine/WorkerLaunch.h"
 #include "engine/WorkerText.h"
@@ -11,6 +12,8 @@
 #include "host/CodecHandler.h"
 #include "host/PluginFolders.h"
 #include "host/ReadAhead.h"
+#include "naming/NamingEvaluator.h"
+#include "naming/OutputPath.h"
 
 #include "app/StartUp.h"
 
@@ -64,6 +67,49 @@ int BenchExamine(int count, char** sources, int sourceCount) {
     for (const clFileItem& item : files)
         read += item.format.frequency != 0;
     Report("examine", started, read);
+    return 0;
+}
+
+constexpr const wchar_t* namingTemplates[] = {
+    L"Track",
+    L"[album artist]\\[album]\\[track] - [title]",
+    L"[IFVALUE]album artist,[album artist],[artist][]\\[IFMULTI][album] (Disc [disc])[][IF!MULTI][album][]\\"
+    L"[SETLEN]3,48,0,[track][] - [MAXLENGTH]60,[TRIM][title][][][IFEQUALS]genre,Live, (live)[]",
+};
+
+void FillTags(clFileItem& item, int number) {
+    XTagList tags;
+    for (const wchar_t* key : {L"artist", L"album artist", L"album", L"genre", L"composer", L"comment"})
+        tags.Add(key, L"A value of usual length");
+    tags.Add(L"title", L"Title " + DecimalText(number));
+    tags.Add(L"track", DecimalText(number % 20 + 1) + L"/20");
+    tags.Add(L"disc", L"1/2");
+    tags.Add(L"year", L"1999");
+    static_cast<void>(tags.Serialize(item.tagImage));
+    item.sourcePath = L"D:\\Music\\Artist\\Album\\" + DecimalText(number) + L".flac";
+    item.SetStage(stageTags);
+}
+
+int BenchNaming(int count) {
+    clFileList files;
+    for (int i = 0; i < count; ++i)
+        FillTags(*files.Append(), i);
+    XTagList tags;
+    tags.Deserialize(files[0].tagImage.data, static_cast<std::int64_t>(files[0].tagImage.size));
+    for (const wchar_t* text : namingTemplates) {
+        const XString namingTemplate = text;
+        ULONGLONG started = GetTickCount64();
+        int units = 0;
+        for (int i = 0; i < count; ++i)
+            units += EvaluateNaming(namingTemplate, tags, nullptr).Count();
+        Report("evaluations", started, units ? count : 0);
+        started = GetTickCount64();
+        for (clFileItem& item : files) {
+            item.outputPath.Clear();
+            ComputeOutputPath(item, L"C:\\Out", namingTemplate, L".mp3");
+        }
+        Report("output paths", started, count);
+    }
     return 0;
 }
 
@@ -129,10 +175,12 @@ int main(int count, char** arguments) {
     }
     if (mode == L"list" && number > 0)
         return BenchList(number);
+    if (mode == L"naming" && number > 0)
+        return BenchNaming(number);
     if (mode == L"examine" && count > 3 && number > 0)
         return BenchExamine(number, arguments + 3, count - 3);
     if (mode == L"loop" && count > 4)
         return BenchLoop(Wide(arguments[2]), Wide(arguments[3]), arguments + 4, count - 4);
-    std::fputs("usage: bench list N | examine N FILE... | loop ENCODER OUT FILE...\n", stderr);
+    std::fputs("usage: bench list N | examine N FILE... | naming N | loop ENCODER OUT FILE...\n", stderr);
     return 2;
 }
