@@ -6,7 +6,8 @@ export WINEPREFIX=$tm_wine/prefix WINEDEBUG=${WINEDEBUG:--all} WINEARCH=win64
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 
 # The prefix's Music, Documents and Desktop are links into HOME: give it one of its own.
-tm_with_home() { HOME=$tm_wine/home "$@"; }
+# 9 is convert.sh's lock: Wine's services, which live on for a while, must not hold it.
+tm_with_home() { HOME=$tm_wine/home "$@" 9>&-; }
 
 tm_make_prefix() {
     [ -e "$tm_wine/.complete" ] && return 0
@@ -40,7 +41,7 @@ REG
 tm_start_display() {
     [ -n "${DISPLAY:-}" ] && return 0
     tm_display_file=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 3>"$tm_display_file" >/dev/null 2>&1 </dev/null &
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 3>"$tm_display_file" 9>&- >/dev/null 2>&1 </dev/null &
     tm_xvfb=$!
     for _ in $(seq 100); do
         [ -s "$tm_display_file" ] && break
