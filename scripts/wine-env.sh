@@ -3,6 +3,8 @@
 tm_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 tm_wine=${TM_WINE:-$tm_root/build/wine}
 export WINEPREFIX=$tm_wine/prefix WINEDEBUG=${WINEDEBUG:--all} WINEARCH=win64
+# Without a UTF-8 locale Wine can't name files beyond ASCII.
+export LC_ALL=C.UTF-8
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 
 # The prefix's Music, Documents and Desktop are links into HOME: give it one of its own.

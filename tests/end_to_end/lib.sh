@@ -1,6 +1,7 @@
 # What the end-to-end tests share. Outputs are examined by tools that are not ours.
 # A failed check names itself; finish ends the script with the number of them.
 set -uo pipefail
+export LC_ALL=C.UTF-8 # lengths of names count characters
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
