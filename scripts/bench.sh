@@ -21,6 +21,7 @@ seconds() { # prints user+sys and wall seconds of a command and its children
 echo "-- the program's own work"
 bench list 100000
 bench naming 100000
+bench form 20
 bench examine 1000 "$(windows_path /usr/share/sounds/alsa/Noise.wav)"
 
 echo "-- engine: $number files of a minute against the same workers two at a time"

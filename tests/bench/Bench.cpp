@@ -2,7 +2,9 @@
 //   bench list N                   a list file of N paths: read, sorted, made unique
 //   bench examine N FILE...        N files asked for their format, round robin over FILE
 //   bench naming N                 N evaluations and output paths, of a plain, a typical and a heavy template
+//   bench form SECONDS             the converting form while 16 workers report 20 times a second
 //   bench loop ENCODER OUT FILE... the same workers as a batch's, two at a time, with no supervision
+#include "BenchForm.h"
 #include "engine/WorkerLaunch.h"
 #include "engine/WorkerText.h"
 #include "foundation/XFile.h"
@@ -167,6 +169,9 @@ int BenchLoop(const XString& encoder, const XString& folder, char** sources, int
 } // namespace
 
 int main(int count, char** arguments) {
+    const int played = PlayReportingWorker();
+    if (played >= 0)
+        return played;
     const XString mode = count > 1 ? Wide(arguments[1]) : XString();
     const int number = count > 2 ? static_cast<int>(Wide(arguments[2]).ToInt()) : 0;
     if (const wchar_t* root = _wgetenv(L"TM_PROGRAM")) {
@@ -179,8 +184,12 @@ int main(int count, char** arguments) {
         return BenchNaming(number);
     if (mode == L"examine" && count > 3 && number > 0)
         return BenchExamine(number, arguments + 3, count - 3);
+    if (mode == L"form" && number > 0)
+        return BenchForm(number);
     if (mode == L"loop" && count > 4)
         return BenchLoop(Wide(arguments[2]), Wide(arguments[3]), arguments + 4, count - 4);
-    std::fputs("usage: bench list N | examine N FILE... | naming N | loop ENCODER OUT FILE...\n", stderr);
+    std::fputs(
+        "usage: bench list N | examine N FILE... | naming N | form SECONDS | loop ENCODER OUT FILE...\n",
+        stderr);
     return 2;
 }
