@@ -4,6 +4,7 @@
 //   bench naming N                 N evaluations and output paths, of a plain, a typical and a heavy template
 //   bench form SECONDS             the converting form while 16 workers report 20 times a second
 //   bench loop ENCODER OUT FILE... the same workers as a batch's, two at a time, with no supervision
+#include "../support/ReportingWorker.h"
 #include "BenchForm.h"
 #include "engine/WorkerLaunch.h"
 #include "engine/WorkerText.h"

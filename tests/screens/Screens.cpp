@@ -1,0 +1,116 @@
+// Shows one state of a form and holds it for a picture: screens STATE FLAG. The file FLAG appears
+// when the state stands; the program ends when FLAG is gone. scripts/screenshots.sh takes the pictures.
+#include "../forms/FormDriver.h"
+#include "../support/ReportingWorker.h"
+#include "engine/WorkerText.h"
+#include "foundation/XFileSystem.h"
+#include "host/Settings.h"
+#include "resources/ids.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+XString flag;
+
+// The last step of each state: what was written to the controls is on the screen first.
+bool HoldForPicture() {
+    static bool isHeld = false;
+    if (!isHeld) {
+        const HANDLE file = CreateFileW(flag, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+        isHeld = file != INVALID_HANDLE_VALUE;
+        if (isHeld)
+            CloseHandle(file);
+    }
+    if (isHeld && !IsFile(flag))
+        TerminateProcess(GetCurrentProcess(), 0); // workers end with it: they are in its job of pipes
+    return false;
+}
+
+FormDriver::Step Press(int button) {
+    return [button] {
+        const HWND form = FindForm(ID_HEADING);
+        return form && PostMessageW(GetDlgItem(form, button), WM_KEYDOWN, VK_SPACE, 0) &&
+               PostMessageW(GetDlgItem(form, button), WM_KEYUP, VK_SPACE, 0);
+    };
+}
+
+bool IsSpeedShown() {
+    const HWND form = FindForm(ID_HEADING);
+    return form && !TextOf(form, ID_SPEED).IsEmpty();
+}
+
+void RunReporting(int slots, std::vector<FormDriver::Step> steps) {
+    clFileList files;
+    const clConvertingSeams seams = PrepareReportingBatch(files, 3 * slots, slots, 17, 120);
+    steps.insert(steps.begin(), IsSpeedShown);
+    steps.emplace_back(HoldForPicture);
+    const FormDriver driver(std::move(steps), 60000);
+    const frmConverting form(files, seams);
+}
+
+void Complete(clJobSlot& slot, const clFileItem& item) {
+    PrepareSlotForFile(slot, item.sourcePath, item.outputPath, 60000);
+    FreeSlot(slot);
+}
+
+void Converting() {
+    RunReporting(4, {});
+}
+void ConvertingSixteen() {
+    RunReporting(16, {});
+}
+void ConvertingOne() {
+    RunReporting(1, {});
+}
+void Paused() {
+    RunReporting(2, {Press(ID_BUTTON_PAUSE)});
+}
+void OptionsMenu() {
+    RunReporting(2, {Press(ID_BUTTON_OPTIONS)});
+}
+void CancelQuestion() {
+    RunReporting(2, {Press(ID_BUTTON_CANCEL), [] { return FindBox(L"Cancel Conversion?") != nullptr; }});
+}
+
+void Finished() {
+    clFileList files;
+    clConvertingSeams seams = PrepareReportingBatch(files, 6, 2, 1, 0);
+    seams.launch = Complete;
+    const FormDriver driver({[] { return FindForm(ID_BUTTON_FINISH) != nullptr; }, HoldForPicture}, 60000);
+    const frmConverting form(files, seams);
+}
+
+struct Screen {
+    const char* name;
+    void (*show)();
+};
+constexpr Screen screens[] = {
+    {"converting", Converting},      {"converting-16", ConvertingSixteen},
+    {"converting-1", ConvertingOne}, {"paused", Paused},
+    {"options", OptionsMenu},        {"cancel", CancelQuestion},
+    {"finished", Finished},
+};
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const int played = PlayReportingWorker();
+    if (played >= 0)
+        return played;
+    if (count == 2 && XString(arguments[1]) == L"list") {
+        for (const Screen& screen : screens)
+            std::puts(screen.name);
+        return 0;
+    }
+    if (count == 3) {
+        const TestSettings settings;
+        flag = XString(arguments[2]);
+        for (const Screen& screen : screens)
+            if (XString(screen.name) == XString(arguments[1]))
+                screen.show();
+    }
+    std::fputs("usage: screens list | screens STATE FLAG\n", stderr);
+    return 2;
+}
