@@ -1,12 +1,13 @@
 // The command line's effects on files, settings and the user.
 #include "app/StartUp.h"
 
-#include "app/ListFile.h"
 #include "engine/ProgressText.h"
 #include "foundation/XFile.h"
 #include "foundation/XFileSystem.h"
 #include "foundation/XHandles.h"
 #include "foundation/XPath.h"
+#include "host/HandOff.h"
+#include "host/ListFile.h"
 #include "host/Settings.h"
 #include "naming/ExtraElements.h"
 
@@ -42,13 +43,10 @@ void LoadExtraElements(const XString& path) {
 }
 
 void TakeListFile(const XString& path, clFileList& files) {
-    XBuffer content;
-    if (!ReadWholeFile(path, content))
-        return;
     XStringArray lines;
-    ParseListFile(content.data, content.size, lines);
-    lines.Sort([](const XString& a, const XString& b) { return a.CompareNoCase(b) < 0; });
-    files.AppendSortedUnique(lines);
+    if (!ReadListFile(path, lines))
+        return;
+    files.AppendAllUnique(lines);
     DeleteOneFile(path);
 }
 
@@ -67,6 +65,8 @@ bool CarryOut(const clCommandLine& line, clFileList& files) {
     case clCommand::goOn:
         return true;
     case clCommand::loadList:
+        if (line.isListAlone && TryHandOff(line.listFile))
+            return false;
         TakeListFile(line.listFile, files);
         if (!line.signalEvent.IsEmpty())
             SignalEvent(line.signalEvent);

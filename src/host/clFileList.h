@@ -10,9 +10,9 @@ public:
     clFileItem* Append(); // an empty item at the end; borrowed. No test for duplicates
     // Nothing if a source of that path is there (A-Z folded): null. Walks the whole list.
     clFileItem* AppendUnique(const wchar_t* sourcePath);
-    // What AppendUnique gives line by line, without its cost, for lines in the order of
-    // CompareNoCase. Lines out of order are only slower. Returns how many were added.
-    std::int64_t AppendSortedUnique(const XStringArray& sortedLines);
+    // What AppendUnique gives path by path, in this order, at the cost of a sort instead of a walk
+    // for each. Returns how many were added.
+    std::int64_t AppendAllUnique(const XStringArray& sourcePaths);
 
     [[nodiscard]] std::int64_t Count() const noexcept { return items.Count(); }
     [[nodiscard]] clFileItem& operator[](std::int64_t index) const noexcept { return items[index]; }

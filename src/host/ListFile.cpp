@@ -1,5 +1,5 @@
 // One pass over the bytes of a list file.
-#include "app/ListFile.h"
+#include "host/ListFile.h"
 
 #include <cstring>
 #include <vector>
@@ -8,10 +8,12 @@ namespace {
 constexpr wchar_t byteOrderMark = 0xFEFF;
 }
 
-void ParseListFile(const void* bytes, std::uint64_t byteCount, XStringArray& lines) {
+bool ParseListFile(const void* bytes, std::uint64_t byteCount, XStringArray& lines) {
     const auto* data = static_cast<const unsigned char*>(bytes);
     std::vector<wchar_t> line;
+    bool hasLine = false;
     const auto endLine = [&] {
+        hasLine = true;
         if (line.empty())
             return;
         line.push_back(0);
@@ -27,5 +29,7 @@ void ParseListFile(const void* bytes, std::uint64_t byteCount, XStringArray& lin
         else if (unit != 0 && (unit != byteOrderMark || !line.empty()))
             line.push_back(unit);
     }
-    endLine();
+    if (!line.empty())
+        endLine();
+    return hasLine;
 }

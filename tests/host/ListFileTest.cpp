@@ -1,5 +1,5 @@
 // Line ends, marks and rubbish in list files, and their size.
-#include "app/ListFile.h"
+#include "host/ListFile.h"
 
 #include "host/clFileList.h"
 
@@ -72,7 +72,7 @@ TEST(ListFile, HundredThousandLines) {
     ParseListFile(content.data(), content.size() * 2, lines);
     lines.Sort([](const XString& a, const XString& b) { return a.CompareNoCase(b) < 0; });
     clFileList files;
-    files.AppendSortedUnique(lines);
+    files.AppendAllUnique(lines);
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
     EXPECT_GE(files.Count(), count);
     EXPECT_LE(files.Count(), count + 1);
