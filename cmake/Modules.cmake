@@ -22,15 +22,26 @@ function(tm_module name)
     endif()
 endfunction()
 
-# tm_plugin(name FOLDER decoder|encoder|DSPs SOURCES ... LIBS ...)
-# A plug-in library, built into the program folder's FOLDER under its display name.
+# tm_plugin(name FOLDER decoder|encoder|DSPs [ICON picture] SOURCES ... LIBS ...)
+# A plug-in library, built into the program folder's FOLDER under its display name, with its icon beside
+# it: a picture of src/resources/make-plugin-icon.sh.
 function(tm_plugin name)
-    cmake_parse_arguments(P "" "FOLDER;TARGET" "SOURCES;LIBS" ${ARGN})
+    cmake_parse_arguments(P "" "FOLDER;TARGET;ICON" "SOURCES;LIBS" ${ARGN})
     add_library(${P_TARGET} MODULE ${P_SOURCES})
     target_link_libraries(${P_TARGET} PRIVATE tm_flags ${P_LIBS})
     set_target_properties(${P_TARGET} PROPERTIES PREFIX "" OUTPUT_NAME "${name}"
         LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/Tonemill/${P_FOLDER}")
     set_property(GLOBAL APPEND PROPERTY TM_PROGRAM ${P_TARGET})
+    if(P_ICON)
+        set(folder "${CMAKE_BINARY_DIR}/Tonemill/${P_FOLDER}")
+        set(scripts "${CMAKE_SOURCE_DIR}/src/resources")
+        add_custom_command(OUTPUT "${folder}/${name}.ico"
+            COMMAND ${CMAKE_COMMAND} -E make_directory "${folder}"
+            COMMAND "${scripts}/make-plugin-icon.sh" ${P_ICON} "${folder}/${name}.ico"
+            DEPENDS "${scripts}/make-plugin-icon.sh" "${scripts}/draw.sh" VERBATIM)
+        add_custom_target(${P_TARGET}_icon DEPENDS "${folder}/${name}.ico")
+        add_dependencies(${P_TARGET} ${P_TARGET}_icon)
+    endif()
 endfunction()
 
 # tm_tests(name PORTABLE ... WINDOWS ... DEPENDS ... [DESKTOP] [SERIAL] [TIMEOUT seconds])

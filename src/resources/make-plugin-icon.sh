@@ -1,0 +1,56 @@
+#!/usr/bin/env bash
+# Draws the icon of a plug-in: make-plugin-icon.sh PICTURE FILE. Encoders are tiles, each with a colour
+# of its own, effects are things. A picture is a function below.
+set -e
+. "$(dirname "$0")/draw.sh"
+
+# Tile GRADIENT FRAME
+Tile() {
+    Box 10 10 150 150 24 "url(#$1)" "$2"
+}
+
+Wave() {
+    Tile blue "$deep"
+    Line white $((n <= 20 ? 14 : 11)) \
+        "path 'M 32,80 C 40,30 52,30 62,62 L 78,104 C 90,140 98,118 104,92 C 110,68 120,62 128,80'"
+}
+
+# Bars, closely packed.
+Flac() {
+    Tile teal '#2B7068'
+    local x width top
+    while read -r x width top; do
+        Bar $x $top $((x + width)) $((160 - top)) white
+    done <<< $'30 10 65\n50 10 45\n70 20 30\n100 10 50\n120 10 65'
+}
+
+Mp3() {
+    Tile violet '#5A4C9A'
+    Line white 12 'line 65,50 65,112' 'line 117,40 117,102'
+    Fill white "path 'M 59,46 L 123,32 L 123,56 L 59,70 Z'" 'ellipse 53,114 18,14 0,360' \
+        'ellipse 105,104 18,14 0,360'
+}
+
+Report() {
+    Box 20 10 130 150 0 'url(#paper)' "$edge"
+    local y
+    for y in 30 50 70; do
+        Bar 40 $y 110 $((y + 10)) "$mist"
+    done
+    Line white 34 "path 'M 72,112 L 96,134 L 138,86'"
+    Line '#378E85' 20 "path 'M 72,112 L 96,134 L 138,86'"
+}
+
+Playlist() {
+    local y
+    for y in 20 60 100; do
+        Bar 10 $y 30 $((y + 20)) "$deep"
+    done
+    Bar 40 20 150 40 "$mist"
+    Bar 40 60 90 80 "$mist"
+    Bar 40 100 70 120 "$mist"
+    Line "$deep" 12 'line 122,60 122,122' "path 'M 122,60 C 126,76 146,78 146,98'"
+    Fill "$deep" 'ellipse 105,124 21,17 0,360'
+}
+
+WriteIcon "$2" '16 20 24 32 48' "$1"
