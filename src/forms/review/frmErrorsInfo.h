@@ -46,6 +46,7 @@ public:
     bool CanReconvert = false; // offer to convert the failed files again
 
     void OnInit() override;
+    void OnDestroy() override;
     void OnShow(LPARAM reason) override;
     void OnSize(int width, int height, WPARAM how) override;
     void OnMouseDown(int x, int y, UINT message, WPARAM keys) override;
