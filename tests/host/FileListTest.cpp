@@ -14,7 +14,7 @@ XString Joined(const clFileList& list) {
 
 } // namespace
 
-TEST(FileList, SortedAppendGivesWhatLineByLineGives) {
+TEST(FileList, AppendingAllGivesWhatOneByOneGives) {
     struct Row {
         const wchar_t* present;
         const wchar_t* lines;
