@@ -6,6 +6,7 @@
 //     bool Begin(const EncoderBeginBlock&);   format is set already
 //     bool Encode(const void* samples, std::uint32_t frames);
 //     bool End(bool completed);
+//     a PanelWindow of its own, `panel`
 #pragma once
 
 #include "plugins/common/Exports.h"
@@ -21,7 +22,6 @@ public:
     PcmFormat format;   // what Encode gets
     XString lastError;  // of Begin, Encode or End
     XString checkError; // of the last check of settings
-    SettingsPanel panel;
 };
 
 template <class Encoder>
@@ -81,14 +81,12 @@ bool EncoderBegin(Encoder& encoder, const EncoderBeginBlock* block) {
     ZT_EXPORT std::int32_t ENC_Set(ZtInstance, const wchar_t*, PluginParams*) noexcept {                     \
         return 0;                                                                                            \
     }                                                                                                        \
-    ZT_EXPORT void ENC_ShowConfigBit(ZtInstance instance, void*, std::int32_t, std::int32_t,                 \
+    ZT_EXPORT void ENC_ShowConfigBit(ZtInstance instance, void* parent, std::int32_t x, std::int32_t y,      \
                                      const wchar_t* settings) noexcept {                                     \
-        GuardedCall<Encoder>(instance, 0,                                                                    \
-                             [&](Encoder& encoder) { return encoder.panel.Show(settings), 1; });             \
+        ShowPanel<Encoder>(instance, parent, x, y, settings);                                                \
     }                                                                                                        \
-    ZT_EXPORT const wchar_t* ENC_RemoveConfigBit(ZtInstance instance, void*) noexcept {                      \
-        return GuardedCall<Encoder>(instance, static_cast<const wchar_t*>(nullptr),                          \
-                                    [](Encoder& encoder) { return encoder.panel.Text(); });                  \
+    ZT_EXPORT const wchar_t* ENC_RemoveConfigBit(ZtInstance instance, void* parent) noexcept {               \
+        return RemovePanel<Encoder>(instance, parent);                                                       \
     }                                                                                                        \
     ZT_EXPORT std::int32_t ENC_BeginConversion(ZtInstance instance,                                          \
                                                const EncoderBeginBlock* block) noexcept {                    \

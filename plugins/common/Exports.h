@@ -6,6 +6,8 @@
 #include "contract/Plugin.h"
 #include "foundation/XString.h"
 
+#include <windows.h>
+
 #include <new>
 
 #define ZT_EXPORT extern "C" __declspec(dllexport)
@@ -28,6 +30,22 @@ ZtInstance CreateInstance() noexcept {
     } catch (...) {
         return nullptr;
     }
+}
+
+// The exports of a plug-in's `panel`, a PanelWindow.
+template <class Plugin>
+void ShowPanel(ZtInstance instance, void* parent, std::int32_t x, std::int32_t y,
+               const wchar_t* settings) noexcept {
+    GuardedCall<Plugin>(instance, 0, [&](Plugin& plugin) {
+        plugin.panel.Show(static_cast<HWND>(parent), x, y, settings);
+        return 1;
+    });
+}
+
+template <class Plugin>
+const wchar_t* RemovePanel(ZtInstance instance, void* parent) noexcept {
+    return GuardedCall<Plugin>(instance, static_cast<const wchar_t*>(nullptr),
+                               [&](Plugin& plugin) { return plugin.panel.Remove(parent); });
 }
 
 // The settings panel's side of a plug-in that has no panel yet: what was shown comes back.

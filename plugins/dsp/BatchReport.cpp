@@ -4,6 +4,7 @@
 #include "plugins/common/Exports.h"
 #include "plugins/common/OutputFile.h"
 #include "plugins/common/Settings.h"
+#include "plugins/dsp/BatchReportPanel.h"
 #include "plugins/dsp/ReportText.h"
 
 #include "foundation/XPath.h"
@@ -16,7 +17,7 @@ public:
     bool WriteReport(const PluginParams& params);
 
     XString lastError;
-    SettingsPanel panel;
+    BatchReportPanel panel;
 };
 
 // The option's value is any text, which a table of allowed values can't say.
@@ -81,15 +82,13 @@ ZT_EXPORT std::int32_t DSP_Set(ZtInstance, const wchar_t*, PluginParams*) noexce
     return 0;
 }
 
-ZT_EXPORT void DSP_ShowConfigBit(ZtInstance instance, void*, std::int32_t, std::int32_t,
+ZT_EXPORT void DSP_ShowConfigBit(ZtInstance instance, void* parent, std::int32_t x, std::int32_t y,
                                  const wchar_t* settings) noexcept {
-    GuardedCall<clBatchReport>(instance, 0,
-                               [&](clBatchReport& report) { return report.panel.Show(settings), 1; });
+    ShowPanel<clBatchReport>(instance, parent, x, y, settings);
 }
 
-ZT_EXPORT const wchar_t* DSP_RemoveConfigBit(ZtInstance instance, void*) noexcept {
-    return GuardedCall<clBatchReport>(instance, static_cast<const wchar_t*>(nullptr),
-                                      [](clBatchReport& report) { return report.panel.Text(); });
+ZT_EXPORT const wchar_t* DSP_RemoveConfigBit(ZtInstance instance, void* parent) noexcept {
+    return RemovePanel<clBatchReport>(instance, parent);
 }
 
 ZT_EXPORT std::int32_t DSP_BeginConversion(ZtInstance, DspBeginBlock*) noexcept {

@@ -2,8 +2,9 @@
 #include "plugins/common/EncoderExports.h"
 #include "plugins/common/OutputFile.h"
 #include "plugins/common/PcmConvert.h"
-#include "plugins/common/Settings.h"
 #include "plugins/encoder/FlacMetadata.h"
+#include "plugins/encoder/FlacOptions.h"
+#include "plugins/encoder/FlacPanel.h"
 
 #include <FLAC/stream_encoder.h>
 
@@ -11,11 +12,6 @@
 
 namespace {
 
-constexpr SettingsOption options[] = {
-    {L"level", L"", 0, 8},
-    {L"verify", L"", 0, 0, true},
-};
-constexpr int defaultLevel = 5;
 constexpr int fewestBits = 4; // below this the format has no depth: samples move up to 8 bits
 constexpr int bitsForFloat = 24;
 constexpr int bitsForLossy = 16; // more would only store noise
@@ -37,7 +33,7 @@ public:
     static constexpr const wchar_t* extension = L".flac";
     static bool Check(const wchar_t* text, XString& error) {
         Settings settings;
-        return settings.Parse(text, options, error);
+        return settings.Parse(text, FlacOption::all, error);
     }
     static std::uint64_t EstimateBytes(const PcmFormat& source, std::uint64_t lengthMs, const wchar_t*) {
         // Music comes to about three fifths of its PCM size.
@@ -48,6 +44,8 @@ public:
     bool Begin(const EncoderBeginBlock& block);
     bool Encode(const void* samples, std::uint32_t frames);
     bool End(bool completed);
+
+    FlacPanel panel;
 
 private:
     bool CheckFormat();
@@ -103,10 +101,10 @@ bool clFlacEncoder::CheckFormat() {
 
 bool clFlacEncoder::Configure(const wchar_t* text) {
     Settings settings;
-    if (!settings.Parse(text, options, lastError))
+    if (!settings.Parse(text, FlacOption::all, lastError))
         return false;
     FLAC__StreamEncoder* e = encoder.get();
-    const std::uint32_t level = static_cast<std::uint32_t>(settings.Number(L"level", defaultLevel));
+    const std::uint32_t level = static_cast<std::uint32_t>(settings.Number(L"level", FlacOption::usualLevel));
     const bool set =
         FLAC__stream_encoder_set_channels(e, static_cast<std::uint32_t>(format.channels)) &&
         FLAC__stream_encoder_set_bits_per_sample(e, static_cast<std::uint32_t>(BitsFor(format))) &&

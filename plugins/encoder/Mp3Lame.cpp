@@ -6,7 +6,8 @@
 #include "plugins/common/OutputFile.h"
 #include "plugins/common/PcmConvert.h"
 #include "plugins/common/Resampler.h"
-#include "plugins/common/Settings.h"
+#include "plugins/encoder/Mp3Options.h"
+#include "plugins/encoder/Mp3Panel.h"
 #include "plugins/encoder/MpegRates.h"
 
 #include <lame/lame.h>
@@ -15,15 +16,6 @@
 
 namespace {
 
-constexpr SettingsOption options[] = {
-    {L"vbr", L"", 0, 9},
-    {L"cbr", L"", 32, 320},
-    {L"abr", L"", 8, 310},
-    {L"mode", L"joint|stereo|mono"},
-};
-constexpr int defaultQuality = 2;
-// What LAME's VBR qualities come to with stereo music, kbit/s.
-constexpr int usualRates[10] = {245, 225, 190, 175, 165, 130, 115, 100, 85, 65};
 constexpr std::size_t tagPadding = 1024;   // tag editors then need not rewrite the file
 constexpr std::uint32_t runFrames = 16384; // frames per call of LAME
 // LAME's own bound for one call, and for the flush.
@@ -40,56 +32,29 @@ int FrameBytes(const lame_global_flags* lame) noexcept {
     return lame_get_framesize(lame) / 8 * lame_get_brate(lame) * 1000 / lame_get_out_samplerate(lame);
 }
 
-struct Mp3Choice {
-    int vbr = defaultQuality; // -1: not VBR
-    int cbr = 0;
-    int abr = 0;
-    bool isSmall = false; // the frames of this constant rate have no room for the header
-    MPEG_mode mode = JOINT_STEREO;
-};
-
-bool ReadChoice(const wchar_t* text, Mp3Choice& choice, XString& error) {
-    Settings settings;
-    if (!settings.Parse(text, options, error))
-        return false;
-    if (settings.Has(L"vbr") + settings.Has(L"cbr") + settings.Has(L"abr") > 1) {
-        error = L"Only one of the options -vbr, -cbr and -abr can be given";
-        return false;
-    }
-    choice.cbr = static_cast<int>(settings.Number(L"cbr", 0));
-    choice.abr = static_cast<int>(settings.Number(L"abr", 0));
-    choice.vbr = choice.cbr || choice.abr ? -1 : static_cast<int>(settings.Number(L"vbr", defaultQuality));
-    const XString mode = settings.Word(L"mode", L"joint");
-    choice.mode = mode.EqualsNoCase(L"mono") ? MONO : mode.EqualsNoCase(L"stereo") ? STEREO : JOINT_STEREO;
-    return true;
-}
-
 class clLameEncoder : public EncoderBase {
 public:
     static constexpr const wchar_t* extension = L".mp3";
     static bool Check(const wchar_t* text, XString& error) {
         Mp3Choice choice;
-        return ReadChoice(text, choice, error);
+        return ReadMp3Choice(text, choice, error);
     }
     static std::uint64_t EstimateBytes(const PcmFormat& source, std::uint64_t lengthMs, const wchar_t* text) {
         Mp3Choice choice;
         XString error;
-        (void)ReadChoice(text, choice, error);
-        std::uint64_t rate = static_cast<std::uint64_t>(choice.cbr ? choice.cbr : choice.abr);
-        if (rate == 0) {
-            rate = static_cast<std::uint64_t>(usualRates[choice.vbr]);
-            if (choice.mode == MONO || source.channels == 1)
-                rate = rate * 3 / 5;
-        }
-        return lengthMs * rate / 8; // kbit/s times ms are bits
+        (void)ReadMp3Choice(text, choice, error);
+        const int rate = UsualBitRate(choice, source.channels == 1);
+        return lengthMs * static_cast<std::uint64_t>(rate) / 8; // kbit/s times ms are bits
     }
     bool Begin(const EncoderBeginBlock& block);
     bool Encode(const void* samples, std::uint32_t frames);
     bool End(bool completed);
 
+    Mp3Panel panel;
+
 private:
-    bool StartLame(Mp3Choice choice);
-    LamePointer NewLame(const Mp3Choice& choice, std::uint32_t frequency);
+    bool StartLame(const Mp3Choice& choice);
+    LamePointer NewLame(const Mp3Choice& choice, std::uint32_t rate, bool isSmall = false);
     bool EncodeRun(const void* samples, std::uint32_t frames, bool isFloat);
     bool EncodeAll(const void* samples, std::uint32_t frames, bool isFloat);
     bool Put(int bytes);
@@ -108,7 +73,7 @@ private:
     std::vector<unsigned char> mp3;
 };
 
-LamePointer clLameEncoder::NewLame(const Mp3Choice& choice, std::uint32_t rate) {
+LamePointer clLameEncoder::NewLame(const Mp3Choice& choice, std::uint32_t rate, bool isSmall) {
     LamePointer made(lame_init());
     if (!made)
         return made;
@@ -116,7 +81,7 @@ LamePointer clLameEncoder::NewLame(const Mp3Choice& choice, std::uint32_t rate) 
     lame_set_in_samplerate(made.get(), static_cast<int>(rate));
     if (channels == 1)
         lame_set_mode(made.get(), MONO);
-    else if (choice.mode == STEREO)
+    else if (choice.mode == Mp3Mode::stereo)
         lame_set_mode(made.get(), STEREO); // joint stereo is LAME's own choice
     lame_set_write_id3tag_automatic(made.get(), 0);
     lame_set_bWriteVbrTag(made.get(), 1);
@@ -126,7 +91,7 @@ LamePointer clLameEncoder::NewLame(const Mp3Choice& choice, std::uint32_t rate) 
     } else if (choice.abr) {
         lame_set_VBR(made.get(), vbr_abr);
         lame_set_VBR_mean_bitrate_kbps(made.get(), choice.abr);
-    } else if (choice.isSmall) {
+    } else if (isSmall) {
         lame_set_VBR(made.get(), vbr_abr);
         lame_set_VBR_mean_bitrate_kbps(made.get(), choice.cbr);
         lame_set_VBR_min_bitrate_kbps(made.get(), choice.cbr);
@@ -142,8 +107,8 @@ LamePointer clLameEncoder::NewLame(const Mp3Choice& choice, std::uint32_t rate) 
 
 // At low bit rates LAME wants a lower sample rate. It then gets its input at that rate, since
 // libswresample makes it cleaner than LAME would.
-bool clLameEncoder::StartLame(Mp3Choice choice) {
-    channels = choice.mode == MONO || format.channels == 1 ? 1 : 2;
+bool clLameEncoder::StartLame(const Mp3Choice& choice) {
+    channels = choice.mode == Mp3Mode::mono || format.channels == 1 ? 1 : 2;
     frequency = MpegRateFor(format.frequency);
     lame = NewLame(choice, frequency);
     if (lame && static_cast<std::uint32_t>(lame_get_out_samplerate(lame.get())) != frequency) {
@@ -152,16 +117,15 @@ bool clLameEncoder::StartLame(Mp3Choice choice) {
     }
     // Without the header nobody could cut off delay and padding. A variable rate that may not vary
     // has the same frames, and a larger one for the header.
-    choice.isSmall = lame && choice.cbr && FrameBytes(lame.get()) < headerBytes;
-    if (choice.isSmall)
-        lame = NewLame(choice, frequency);
+    if (lame && choice.cbr && FrameBytes(lame.get()) < headerBytes)
+        lame = NewLame(choice, frequency, true);
     resamples = channels != format.channels || frequency != format.frequency;
     return lame || Fail(L"LAME refuses these settings for this source");
 }
 
 bool clLameEncoder::Begin(const EncoderBeginBlock& block) {
     Mp3Choice choice;
-    if (!ReadChoice(block.settings, choice, lastError) || !StartLame(choice))
+    if (!ReadMp3Choice(block.settings, choice, lastError) || !StartLame(choice))
         return false;
     if (resamples && !resampler.Open(format, channels, frequency, lastError))
         return false;

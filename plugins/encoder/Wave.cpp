@@ -6,22 +6,17 @@
 #include "plugins/common/OutputFile.h"
 #include "plugins/common/PcmConvert.h"
 #include "plugins/common/Resampler.h"
-#include "plugins/common/Settings.h"
 #include "plugins/encoder/WaveHeader.h"
+#include "plugins/encoder/WaveOptions.h"
+#include "plugins/encoder/WavePanel.h"
 
 namespace {
-
-constexpr SettingsOption options[] = {
-    {L"format", L"source|8|16|24|32|float"},
-    {L"rate", L"source", 1000, 768000},
-    {L"channels", L"source", 1, 8},
-};
 
 // What comes out for such a source; the settings have been checked.
 WaveLayout LayoutOf(const PcmFormat& source, const wchar_t* text) {
     Settings settings;
     XString error;
-    (void)settings.Parse(text, options, error);
+    (void)settings.Parse(text, WaveOption::all, error);
     WaveLayout layout;
     const XString kind = settings.Word(L"format", L"source");
     layout.isFloat =
@@ -44,7 +39,7 @@ public:
     static constexpr const wchar_t* extension = L".wav";
     static bool Check(const wchar_t* text, XString& error) {
         Settings settings;
-        return settings.Parse(text, options, error);
+        return settings.Parse(text, WaveOption::all, error);
     }
     static std::uint64_t EstimateBytes(const PcmFormat& source, std::uint64_t lengthMs, const wchar_t* text) {
         const WaveLayout layout = LayoutOf(source, text);
@@ -56,6 +51,8 @@ public:
     bool Begin(const EncoderBeginBlock& block);
     bool Encode(const void* samples, std::uint32_t frames);
     bool End(bool completed);
+
+    WavePanel panel;
 
 private:
     bool WriteSamples(const void* samples, std::uint32_t frames);

@@ -1,0 +1,117 @@
+// Reads forgivingly and writes what the option parser reads back.
+#include "plugins/common/SettingsText.h"
+
+namespace {
+
+// A value of the option parser can't hold a double quote: there is no escape.
+XString WithoutQuotes(const XString& value) {
+    XString clean = value;
+    clean.Replace(L"\"", L"");
+    return clean;
+}
+
+} // namespace
+
+SettingsText::SettingsText(const wchar_t* text) {
+    XKeyValueList all(text);
+    for (std::int64_t i = 0; i < all.keys.Count(); ++i)
+        if (!list.Has(all.keys[i])) {
+            list.keys.AddString(all.keys[i]);
+            list.values.AddString(all.values[i]);
+        }
+}
+
+XString SettingsText::Value(const wchar_t* name) const {
+    XString value;
+    list.GetValue(name, value);
+    return value;
+}
+
+int SettingsText::Number(const wchar_t* name, int minimum, int maximum, int fallback) const {
+    const XString value = Value(name);
+    const bool isNegative = value.CharAt(1) == L'-';
+    std::int64_t number = 0;
+    for (int i = isNegative ? 2 : 1; i <= value.Count(); ++i) {
+        if (value.CharAt(i) < L'0' || value.CharAt(i) > L'9')
+            return fallback;
+        if (number <= maximum)
+            number = number * 10 + (value.CharAt(i) - L'0');
+    }
+    if (value.Count() == (isNegative ? 1 : 0))
+        return fallback;
+    if (isNegative || number < minimum)
+        return minimum;
+    return number > maximum ? maximum : static_cast<int>(number);
+}
+
+int SettingsText::Word(const wchar_t* name, const wchar_t* const* words, int count) const {
+    const XString value = Value(name);
+    for (int i = 0; i < count; ++i)
+        if (value.EqualsNoCase(words[i]))
+            return i;
+    return 0;
+}
+
+bool SettingsText::Flag(const wchar_t* name) const {
+    return Has(name) && Value(name) != L"0";
+}
+
+void SettingsText::Put(const wchar_t* name, const XString& value, const wchar_t* fallback) {
+    if (Has(name) && Value(name).EqualsNoCase(value))
+        return;
+    const XString clean = WithoutQuotes(value);
+    if (clean.EqualsNoCase(fallback)) {
+        Remove(name);
+        return;
+    }
+    for (std::int64_t i = 0; i < list.keys.Count(); ++i)
+        if (list.keys[i].EqualsNoCase(name)) {
+            list.values[i] = clean;
+            return;
+        }
+    list.keys.AddString(name);
+    list.values.AddString(clean);
+}
+
+void SettingsText::PutNumber(const wchar_t* name, int value, int fallback) {
+    Put(name, DecimalText(value), DecimalText(fallback));
+}
+
+void SettingsText::PutFlag(const wchar_t* name, bool on) {
+    const XString value = Value(name);
+    if (on == Flag(name) && (value.IsEmpty() || value == L"0" || value == L"1"))
+        return;
+    Remove(name);
+    if (on) {
+        list.keys.AddString(name);
+        list.values.AddString(L"");
+    }
+}
+
+void SettingsText::Remove(const wchar_t* name) {
+    for (std::int64_t i = list.keys.Count() - 1; i >= 0; --i)
+        if (list.keys[i].EqualsNoCase(name)) {
+            list.keys.DeleteAt(i);
+            list.values.DeleteAt(i);
+        }
+}
+
+XString SettingsText::Text() const {
+    XString text;
+    for (std::int64_t i = 0; i < list.keys.Count(); ++i) {
+        if (!text.IsEmpty())
+            text.Extend(L" ");
+        // The parser takes one or two hyphens away: a name that begins with one needs both.
+        text.Extend(list.keys[i].CharAt(1) == L'-' ? L"--" : L"-");
+        text.Extend(list.keys[i]);
+        if (list.values[i].IsEmpty())
+            continue;
+        // Only a value that came without quotes can hold one, and it holds no blank then.
+        const wchar_t* quote = list.values[i].FindChar(L'"') > 0 ? L"" : L"\"";
+        text.Extend(L"=");
+        text.Extend(quote);
+        text.Extend(list.values[i]);
+        text.Extend(quote);
+    }
+    return text;
+}

@@ -1,0 +1,28 @@
+// Ids of the encoders' panels; read by the compiler and by the resource compiler.
+#pragma once
+
+#define ID_PANEL 100 // each library has one
+
+#define ID_SUMMARY 110
+
+// Wave
+#define ID_WAVE_FORMAT 120
+#define ID_WAVE_RATE 121
+#define ID_WAVE_CHANNELS 122
+
+// FLAC
+#define ID_FLAC_LEVEL 130
+#define ID_FLAC_LEVEL_TEXT 131
+#define ID_FLAC_VERIFY 132
+
+// mp3 (Lame)
+#define ID_MP3_VBR 140
+#define ID_MP3_ABR 141
+#define ID_MP3_CBR 142
+#define ID_MP3_QUALITY_LABEL 143
+#define ID_MP3_QUALITY 144
+#define ID_MP3_QUALITY_LOW 145
+#define ID_MP3_QUALITY_HIGH 146
+#define ID_MP3_RATE_LABEL 147
+#define ID_MP3_RATE 148
+#define ID_MP3_MODE 149

@@ -1,0 +1,73 @@
+// Rates and channels of a hand-written settings text join the lists.
+#include "plugins/encoder/WavePanel.h"
+
+#include "plugins/encoder/WaveOptions.h"
+
+#include <iterator>
+
+namespace {
+
+struct Format {
+    const wchar_t* text;
+    int bytes;
+};
+
+constexpr const wchar_t* formatWords[] = {WaveOption::source, L"8", L"16", L"24", L"32", L"float"};
+constexpr Format formats[] = {{L"As the source", 0}, {L"8 bit", 1},  {L"16 bit", 2},
+                              {L"24 bit", 3},        {L"32 bit", 4}, {L"32 bit floating point", 4}};
+static_assert(std::size(formatWords) == std::size(formats));
+
+constexpr int usualRates[] = {8000,  11025, 16000, 22050,  32000,  44100,
+                              48000, 88200, 96000, 176400, 192000, 384000};
+constexpr const wchar_t* channelTexts[] = {L"As the source", L"Mono", L"Stereo"};
+
+// 0 is "as the source" in both lists.
+XString ChannelText(int channels) {
+    return channels < static_cast<int>(std::size(channelTexts)) ? XString(channelTexts[channels])
+                                                                : DecimalText(channels) + L" channels";
+}
+
+XString NumberOrSource(int number) {
+    return number == 0 ? XString(WaveOption::source) : DecimalText(number);
+}
+
+XString Summary(int format, int rate, int channels) {
+    if (format == 0)
+        return L"Sources coded with loss, such as mp3, become 16 bit; all others keep their sample format.";
+    if (rate == 0 || channels == 0)
+        return L"What is set to \"As the source\" is taken from each file.";
+    XString text, size;
+    size.FromReal(60.0 * rate * channels * formats[format].bytes / 1e6, 1, true);
+    text.Format(L"%s, %d Hz, ", formats[format].text, rate);
+    XString places = ChannelText(channels);
+    return text + places.Lower() + L": " + size + L" MB a minute";
+}
+
+} // namespace
+
+void WavePanel::Fill(const SettingsText& settings) {
+    const int rate = settings.Number(L"rate", WaveOption::lowestRate, WaveOption::highestRate, 0);
+    const int channels = settings.Number(L"channels", 1, WaveOption::mostChannels, 0);
+    for (int i = 0; i < static_cast<int>(std::size(formats)); ++i)
+        AddItem(ID_WAVE_FORMAT, formats[i].text, i);
+    AddItem(ID_WAVE_RATE, L"As the source", 0);
+    AddNumbers(ID_WAVE_RATE, usualRates, rate, L" Hz");
+    for (int i = 0; i < static_cast<int>(std::size(channelTexts)); ++i)
+        AddItem(ID_WAVE_CHANNELS, ChannelText(i), i);
+    if (!HasItem(ID_WAVE_CHANNELS, channels))
+        AddItem(ID_WAVE_CHANNELS, ChannelText(channels), channels);
+    ChooseItem(ID_WAVE_FORMAT, settings.Word(L"format", formatWords));
+    ChooseItem(ID_WAVE_RATE, rate);
+    ChooseItem(ID_WAVE_CHANNELS, channels);
+}
+
+void WavePanel::Collect(SettingsText& settings) {
+    settings.Put(L"format", formatWords[ChosenItem(ID_WAVE_FORMAT)], WaveOption::source);
+    settings.Put(L"rate", NumberOrSource(ChosenItem(ID_WAVE_RATE)), WaveOption::source);
+    settings.Put(L"channels", NumberOrSource(ChosenItem(ID_WAVE_CHANNELS)), WaveOption::source);
+}
+
+void WavePanel::OnChanged(int) {
+    SetText(ID_SUMMARY,
+            Summary(ChosenItem(ID_WAVE_FORMAT), ChosenItem(ID_WAVE_RATE), ChosenItem(ID_WAVE_CHANNELS)));
+}

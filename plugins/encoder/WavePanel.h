@@ -1,0 +1,15 @@
+// The panel of "Wave": sample format, rate and channels, each as the source has it or fixed.
+#pragma once
+
+#include "plugins/common/PanelWindow.h"
+#include "plugins/encoder/PanelIds.h"
+
+class WavePanel final : public PanelWindow {
+public:
+    WavePanel() noexcept : PanelWindow(ID_PANEL) {}
+
+protected:
+    void Fill(const SettingsText& settings) override;
+    void Collect(SettingsText& settings) override;
+    void OnChanged(int id) override;
+};
