@@ -12,9 +12,8 @@ void RunProgram(clFileList& files) {
     const wchar_t* commandLine = GetCommandLineW();
     XKeyValueList options;
     options.ParseCommandLine(commandLine);
-    if (!CarryOut(ReadCommandLine(options, CommandLineTail(commandLine)), files))
-        return;
-    if (files.Count() == 0)
+    const clCommandLine line = ReadCommandLine(options, CommandLineTail(commandLine));
+    if (!GatherFiles(line, files))
         return;
     const frmConverting form(files);
 }

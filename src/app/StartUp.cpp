@@ -1,6 +1,7 @@
 // The command line's effects on files, settings and the user.
 #include "app/StartUp.h"
 
+#include "app/FileDialog.h"
 #include "engine/ProgressText.h"
 #include "foundation/XFile.h"
 #include "foundation/XFileSystem.h"
@@ -82,4 +83,12 @@ bool CarryOut(const clCommandLine& line, clFileList& files) {
     }
     ShowBox(L"Unknown Command Line: '" + line.text + L"'");
     return false;
+}
+
+bool GatherFiles(const clCommandLine& line, clFileList& files) {
+    if (!CarryOut(line, files))
+        return false;
+    if (files.Count() == 0)
+        ShowFileDialog(files);
+    return files.Count() != 0;
 }

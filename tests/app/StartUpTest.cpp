@@ -5,6 +5,7 @@
 #include "foundation/XFileSystem.h"
 #include "foundation/XHandles.h"
 #include "foundation/XTempFile.h"
+#include "host/HandOff.h"
 #include "naming/ExtraElements.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +32,35 @@ TEST(StartUp, TakesTheListSortedOnceAndDeletesIt) {
     EXPECT_FALSE(PathExists(path));
     TakeListFile(path, files);
     EXPECT_EQ(files.Count(), 2);
+}
+
+// Only a list that stands alone goes to a form that is there already.
+TEST(StartUp, HandsALoneListToTheForm) {
+    const XKernelHandle turn(CreateMutexW(nullptr, FALSE, L"tm-test-hand-off"));
+    WaitForSingleObject(turn.Get(), 60000);
+    constexpr wchar_t content[] = L"C:\\a";
+    clCommandLine line;
+    line.command = clCommand::loadList;
+    XTempFile path;
+    ASSERT_TRUE(path.MakeNew());
+    WriteBytes(path, content, sizeof(content) - 2);
+    line.listFile = path;
+    {
+        const XKernelHandle event = MakeHandOffEvent();
+        clFileList mine;
+        clFileList forms;
+        line.isListAlone = true;
+        EXPECT_FALSE(CarryOut(line, mine));
+        EXPECT_EQ(mine.Count(), 0);
+        EXPECT_TRUE(PathExists(path));
+        EXPECT_TRUE(ReceiveHandOff(event.Get(), forms));
+        EXPECT_EQ(forms.Count(), 1);
+        line.isListAlone = false;
+        EXPECT_TRUE(CarryOut(line, mine));
+        EXPECT_EQ(mine.Count(), 1);
+        EXPECT_FALSE(PathExists(path) || PathExists(HandOffPath()));
+    }
+    ReleaseMutex(turn.Get());
 }
 
 TEST(StartUp, ExtrasReplaceOnlyWhenRead) {
