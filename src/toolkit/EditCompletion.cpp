@@ -46,6 +46,7 @@ void SuggestTail(HWND combo, const XString& typed, const XString& choice) {
 }
 
 void DropSuggestedTail(HWND edit) {
-    if (SelectionOf(edit).start != 0)
+    const Selection selection = SelectionOf(edit);
+    if (selection.start != 0 && selection.end != selection.start)
         SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
 }

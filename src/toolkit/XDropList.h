@@ -15,8 +15,7 @@ struct clDropRow {
     std::uint64_t UserData = 0;
 };
 
-// Rows are added and removed here alone: they stand parallel to those of the combo. Rows added
-// before Attach are lost.
+// Rows are added and removed here alone, after Attach: they stand parallel to those of the combo.
 class XDropList : public XSubClassCtrl {
 public:
     // By the user only. OnChanging runs before OnTextChanged, for a chosen row and for typing alike.
@@ -59,9 +58,11 @@ public:
 
 private:
     [[nodiscard]] int Scaled(int value) const;
+    [[nodiscard]] COLORREF Background() const;
     void Build(clDropRow& row, HICON icon, COLORREF colour) const;
     void Draw(const DRAWITEMSTRUCT& draw);
+    bool OnNotification(WORD code); // true if it was one of ours
     void Complete();
-    [[nodiscard]] bool IsAtEnd() const;
+    [[nodiscard]] bool TakesEnter() const;
     void MoveOn();
 };

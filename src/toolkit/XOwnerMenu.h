@@ -4,6 +4,7 @@
 
 #include "foundation/XArray.h"
 #include "foundation/XHandles.h"
+#include "toolkit/MenuItemList.h"
 #include "toolkit/XBitmap.h"
 #include "toolkit/XDisplayList.h"
 
@@ -77,8 +78,10 @@ private:
     bool isLoaded = false; // Menu is a bar with the popup in it
 
     void TakeMenu(HMENU menu);
+    // Makes the item Current. Foreign items are never touched: they may be of another menu.
     [[nodiscard]] bool Owns(ULONG_PTR itemData);
     [[nodiscard]] bool HasStrip() const noexcept;
+    [[nodiscard]] clMenuLook Look(bool hasStrip) const;
     void Build(clMenuItem& item) const;
     XDisplayList& SeparatorList();
     void Measure(MEASUREITEMSTRUCT& measure);
