@@ -35,8 +35,9 @@ XLayoutScope::XLayoutScope(HWND form) : form(form) {
 
 XLayoutScope::~XLayoutScope() {
     SendMessageW(form, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(form, nullptr, TRUE);
-    UpdateWindow(form);
+    // The children too: moved while the form counted as hidden, they were not marked, and a form
+    // that clips them does not pass its own mark on.
+    RedrawWindow(form, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
 }
 
 void XResizeCorner::Place(int clientWidth, int clientHeight) {
