@@ -27,6 +27,7 @@ int BenchForm(int seconds) {
     RegDeleteTree(HKEY_CURRENT_USER, L"Software", benchKey);
     SetSettingsRoot(HKEY_CURRENT_USER, XString(L"Software\\") + benchKey);
     RegWriteDword(1, Setting::skippedFinish);
+    RegWriteDword(1, Setting::noDisplayError); // nobody is there to close it
     clFileList files;
     const clConvertingSeams seams = PrepareReportingBatch(files, maximumSlots, maximumSlots, 1, seconds);
 
