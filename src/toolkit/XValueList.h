@@ -100,7 +100,7 @@ public:
         // Takes the typed text into the row. Above 0 if the list is still to tell of a change by
         // OnValueChanged, which is never so for rows that tell it by OnChange.
         int Commit();
-        void Close(); // Commit, then the windows end; the focus goes from them to the list box
+        int Close(); // Commit, then the windows end; the focus goes from them to the list box
         void Invalidate();
         void MoveWithRow(); // to where row `Row` is now
 
@@ -134,7 +134,6 @@ public:
 
         XValueList& list;
         _Button buttonKeys{list};
-        bool closing = false;
     };
 
     XValueList();
@@ -208,25 +207,28 @@ private:
     void CloseControl();                        // tells of a change that the commit found
 
     void FillRecords(clValueRow& row, const clValueRowDesc& description);
-    void AddStateRecords(XDisplayList& records, std::uint32_t kind);
-    void AddTextRecords(clValueRow& row, const clValueRowDesc& description, std::int32_t captionSize);
+    void AddTextRecords(clValueRow& row, const clValueRowDesc& description);
+    void AddButtonRecords(clValueRow& row);
     void AddCheckRecords(clValueRow& row);
+    [[nodiscard]] static int TextWidth(const wchar_t* text, int size, bool bold); // in the default face
     void ReplaceIcon(XIcon& kept, HICON given);
 
     void DrawItem(const DRAWITEMSTRUCT& draw);
     void PaintRow(clValueRow& row, int index, UINT itemState, int width, int height);
-    void SetTexts(clValueRow& row, UINT itemState, int width);
-    void EraseBelow(HDC dc); // the rows paint themselves
+    void SetTexts(clValueRow& row, bool selected, int width);
+    void EraseBelow(HDC dc) const; // the rows paint themselves
 
     [[nodiscard]] bool OnKeyDown(WPARAM key);
     [[nodiscard]] bool OnKeyUp(WPARAM key);
     void OnRightUp(LPARAM point);
+    void OnContextKey();
     void OnChildCommand(HWND child, UINT code);
     [[nodiscard]] bool TakesTab() const; // whether Tab leads to the row's button
     void PressRow(int row);              // a check toggles, a radio is set; then OnChange
 
     void OnListCommand(UINT code);
     void OnParentClick();
+    [[nodiscard]] bool IsBanner(int row) const; // a first row that nothing passes
     LRESULT OnDragMessage(const DRAGLISTINFO& info);
     LRESULT OnDragging(const DRAGLISTINFO& info);
     void OnDropped(const DRAGLISTINFO& info);
