@@ -68,10 +68,16 @@ private:
 
     [[nodiscard]] bool HasMenu() const noexcept { return Menu || MenuId; }
     [[nodiscard]] XDisplayList& List(clButtonFace face);
+    void ClearFaces();
     void PrepareScreens(HDC dc);
-    void DrawList(clButtonFace face, bool focused);
-    void DrawBitmap(clButtonFace face, bool focused);
+    void DrawList(std::uint32_t state, bool focused);
+    void DrawBitmap(std::uint32_t state, bool focused);
     void DrawFrame(clButtonFace face);
     void KeyPressed();
+    void KeyReleased();
+    void Push();
+    void Settle(); // shows the state that the cursor gives
     void Popup();
+
+    std::uint8_t OwnFaces = 0; // the lists are the group's standard faces, and go with the window
 };

@@ -52,15 +52,19 @@ private:
     [[nodiscard]] std::int64_t Find(const XButton* button) const noexcept;
     [[nodiscard]] XButton* FindWindow(HWND window) const noexcept;
     void StartTimer();
+    void MakeWindow(XButton& button, const clButtonDesc& description);
+    bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam);
     void UpdateHover();
-    void UpdateButton(XButton& button, HWND hovered);
-    LRESULT Handle(UINT message, LPARAM lParam, std::uint32_t& handled);
-    bool OnDown(bool rightButton);
-    bool OnUp(bool rightButton);
+    void UpdateHover(POINT cursor);
     void OnTick();
+    bool OnDown(POINT cursor, bool rightButton);
+    bool OnUp(bool rightButton);
     void OnCaptureLost();
 };
 
-// Fills all six faces of a button that has its size (Width, Height) with the caption centred in
-// them, in a font of `fontHeight` pixels; `&` underlines the access key.
+inline constexpr int standardFontHeight = 13; // at 96 dots per inch
+
+// Fills all six faces with the caption centred in them, in a font of `fontHeight` pixels; `&`
+// underlines the access key. The button's Width and Height are to be set: a caption that is too wide
+// is cut. For other heights than the standard one; AddButton does it by itself otherwise.
 void BuildTextFaces(XButton& button, const wchar_t* caption, int fontHeight);

@@ -81,15 +81,17 @@ private:
     friend class XTipThread;
 
     // On the thread of the tips, with TooltipLock held.
-    void TickAt(POINT cursor);
-    void ShowWindowAt(POINT cursor);
+    void TickAt(POINT cursor, std::uint32_t now);
+    void ShowAt(POINT cursor);
     [[nodiscard]] bool IsFixed() const noexcept { return FixedX != 0 || FixedY != 0; }
     [[nodiscard]] bool IsWanted(POINT cursor) const;
-    [[nodiscard]] RECT TargetRectangle() const;
+    [[nodiscard]] RECT TargetRectangle() const; // screen pixels
     [[nodiscard]] SIZE MeasureTip();
-    [[nodiscard]] RECT ItemRectangle(const clTipItem& item, HDC dc) const;
-    clTipItem* ItemAt(int x, int y);
-    void ShowItemStates(clTipItem* under);
+    [[nodiscard]] clTipItem* ItemAt(int x, int y);
+    void ShowItemStates(int x, int y);
+    void Dismiss();
     // On the thread of forms.
-    bool EndShowing(bool forGood);
+    void EndShowing(const clTipFullDesc* next);
+    void TakeOver(const clTipFullDesc& description);
+    void AwaitVisible();
 };

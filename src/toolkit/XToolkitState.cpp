@@ -6,6 +6,7 @@
 XToolkitState::XToolkitState() {
     WindowListLock.Create();
     SubclassLock.Create();
+    TooltipLock.Create();
     constexpr DWORD allBasicClasses = 255;
     const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), allBasicClasses};
     static_assert(sizeof(INITCOMMONCONTROLSEX) == 8);
