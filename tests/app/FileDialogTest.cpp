@@ -74,6 +74,7 @@ TEST_F(FileDialog, TakesSeveralFilesAndRemembersTheFolder) {
     EXPECT_TRUE(RegReadString(Setting::lastAccessedFolder).EqualsNoCase(folder));
 }
 
+// With one name only: Wine minds the buffer's size for one, and writes past its end for several.
 TEST_F(FileDialog, AsksAgainWithALargerBuffer) {
     std::vector<FormDriver::Step> steps;
     for (int time = 0; time < 3; ++time)
