@@ -1,6 +1,7 @@
 // The converting form inside its modal loop, with work that is done without a worker process.
 #include "forms/converting/frmConverting.h"
 
+#include "../support/HandleReach.h"
 #include "FormDriver.h"
 #include "engine/WorkerText.h"
 #include "forms/converting/Rows.h"
@@ -9,7 +10,12 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 namespace {
+
+constexpr int logTree = 1034;
+constexpr int reconvertButton = 1041;
 
 class Converting : public testing::Test {
 protected:
@@ -42,10 +48,8 @@ protected:
     }
     static bool Press(int button) {
         const HWND form = FindForm(ID_HEADING);
-        if (!form || !GetDlgItem(form, button))
-            return false;
-        PostMessageW(form, WM_COMMAND, static_cast<WPARAM>(button), 0);
-        return true;
+        const HWND control = form ? GetDlgItem(form, button) : nullptr;
+        return control && PostMessageW(control, BM_CLICK, 0, 0);
     }
 
     static std::int32_t powerAction;
@@ -122,12 +126,14 @@ TEST_F(Converting, ShowsAsManyRowsAsSlots) {
 TEST_F(Converting, ErrorsSkipTheWaitAndAreShownUnlessUnwanted) {
     AddFiles(2);
     seams.launch = Fail;
-    const XString log =
-        L"Errors:\r\nQ:\\none\\0.wav\r\n    no such file\r\nQ:\\none\\1.wav\r\n    no such file\r\n\r\n";
     {
         const FormDriver driver({[&] {
-            const HWND box = FindBox(log);
-            return box && EndDialog(box, IDOK);
+            const HWND shown = FindForm(logTree);
+            const HWND tree = shown ? GetDlgItem(shown, logTree) : nullptr;
+            if (!tree || TreeView_GetCount(tree) != 6)
+                return false;
+            EXPECT_TRUE(IsWindowVisible(GetDlgItem(shown, reconvertButton)));
+            return SendMessageW(shown, WM_COMMAND, IDOK, 0) == 0;
         }});
         const frmConverting form(files, seams);
         EXPECT_TRUE(driver.IsDone());
@@ -137,6 +143,81 @@ TEST_F(Converting, ErrorsSkipTheWaitAndAreShownUnlessUnwanted) {
     const FormDriver driver({[start] { return GetTickCount() - start > 20000; }}); // only its limit counts
     const frmConverting form(files, seams);
     EXPECT_LT(GetTickCount() - start, 15000U);
+}
+
+// The log opened in the midst of a batch neither stops the batch nor outlives it.
+TEST_F(Converting, ShowsItsLogsWhileTheBatchGoesOn) {
+    AddFiles(40);
+    ForceSlots(L"-cpu1 -noally");
+    RegWriteDword(1, Setting::noDisplayError);
+    int launched = 0;
+    seams.launch = [&](clJobSlot& slot, const clFileItem& item) {
+        launched++ ? Complete(slot, item) : Fail(slot, item);
+    };
+    int launchedBefore = 0;
+    const auto viewLogs = [] {
+        const HWND form = FindForm(ID_HEADING);
+        return form && SendMessageW(form, WM_COMMAND, ID_VIEW_LOGS, 0) == 0;
+    };
+    const FormDriver driver({
+        [&] { return launched > 2; },
+        viewLogs,
+        [&] {
+            const HWND shown = FindForm(logTree);
+            launchedBefore = launched;
+            return shown && TreeView_GetCount(GetDlgItem(shown, logTree)) == 3 &&
+                   !IsWindowVisible(GetDlgItem(shown, reconvertButton));
+        },
+        [&] { return launched > launchedBefore + 3; },
+    });
+    { const frmConverting form(files, seams); }
+    EXPECT_TRUE(driver.IsDone());
+    EXPECT_EQ(launched, 40);
+    EXPECT_EQ(FindForm(logTree), nullptr);
+}
+
+TEST_F(Converting, IsDrivenByTheKeyboard) {
+    AddFiles(1);
+    clJobSlot* worker = nullptr;
+    seams.launch = [&](clJobSlot& slot, const clFileItem&) { (worker = &slot)->running = true; };
+    const auto focusIs = [](int id) { return GetFocus() && GetDlgCtrlID(GetFocus()) == id; };
+    const auto key = [](WPARAM code) {
+        const HWND focus = GetFocus();
+        return focus && PostMessageW(focus, WM_KEYDOWN, code, 1) &&
+               PostMessageW(focus, WM_KEYUP, code, static_cast<LPARAM>(0xC0000001));
+    };
+    const auto answer = [](int button) {
+        const HWND box = FindBox(L"Cancel Conversion?");
+        return box && PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    };
+    const FormDriver driver({
+        [&] { return worker != nullptr && focusIs(ID_BUTTON_OPTIONS); },
+        [&] { return key(VK_TAB); },
+        [&] { return focusIs(ID_BUTTON_PAUSE) && key(VK_TAB); },
+        [&] { return focusIs(ID_BUTTON_CANCEL) && key(VK_RETURN); },
+        [&] { return answer(IDNO); },
+        [&] { return focusIs(ID_BUTTON_CANCEL) && key(VK_ESCAPE); },
+        [&] { return answer(IDYES); },
+        [&] {
+            FreeSlot(*worker);
+            return true;
+        },
+    });
+    { const frmConverting form(files, seams); }
+    EXPECT_TRUE(driver.IsDone()) << driver.StepsDone();
+}
+
+TEST_F(Converting, LeavesNoHandlesBehind) {
+    AddFiles(2);
+    RegWriteDword(1, Setting::skippedFinish);
+    { const frmConverting form(files, seams); } // what the system loads once
+    const HandleReach before;
+    for (int i = 0; i < 50; ++i)
+        const frmConverting form(files, seams);
+    const HandleReach after;
+    EXPECT_LE(after.gdi, before.gdi);
+    EXPECT_LE(after.user, before.user);
+    EXPECT_LE(after.kernel, before.kernel);
 }
 
 TEST_F(Converting, CancelAsksFirst) {
@@ -206,14 +287,13 @@ TEST_F(Converting, PauseHoldsTheBatch) {
         Complete(slot, item);
     };
     const FormDriver driver({
-        [] {
+        [&] { // before the first tick of the form
             const HWND form = FindForm(ID_BUTTON_PAUSE);
-            return form && SendMessageW(form, WM_COMMAND, ID_BUTTON_PAUSE, 0) == 0;
-        },
-        [&] {
+            if (!form)
+                return false;
+            SendDlgItemMessageW(form, ID_BUTTON_PAUSE, BM_CLICK, 0, 0);
             paused = GetTickCount();
-            return SendDlgItemMessageW(FindForm(ID_BUTTON_PAUSE), ID_BUTTON_PAUSE, BM_GETCHECK, 0, 0) ==
-                   BST_CHECKED;
+            return true;
         },
         [&] { return GetTickCount() - paused > 300; },
         [&] {

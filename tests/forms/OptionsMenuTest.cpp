@@ -11,7 +11,7 @@
 namespace {
 
 bool IsChecked(const clOptionsMenu& menu, int id) {
-    const UINT state = GetMenuState(menu.Popup(), static_cast<UINT>(id), MF_BYCOMMAND);
+    const UINT state = GetMenuState(menu.menu.Popup(), static_cast<UINT>(id), MF_BYCOMMAND);
     EXPECT_NE(state, 0xFFFFFFFFU) << id;
     return (state & MF_CHECKED) != 0;
 }
@@ -22,7 +22,7 @@ TEST(OptionsMenu, ChecksFollowStoredAndChosenValues) {
     RegWriteDword(1, Setting::noDisplayError);
     clOptionsMenu menu;
     menu.Load();
-    ASSERT_NE(menu.Popup(), nullptr);
+    ASSERT_NE(menu.menu.Popup(), nullptr);
     struct Row {
         int command; // 0: as loaded
         int checked[4];

@@ -40,16 +40,14 @@ void clOptionsMenu::Load() {
     skipFinished = RegReadDword(Setting::skippedFinish) != 0;
     showErrorLog = RegReadDword(Setting::noDisplayError) == 0;
     showInformationLog = RegReadDword(Setting::displayInfo) != 0;
-    menu.Reset(LoadMenuW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(ID_MENU_CONVERTING)));
-    UpdateChecks();
+    if (menu.Load(ID_MENU_CONVERTING))
+        UpdateChecks();
 }
 
-HMENU clOptionsMenu::Popup() const noexcept {
-    return menu.IsValid() ? GetSubMenu(menu.Get(), 0) : nullptr;
-}
-
-void clOptionsMenu::Show(HWND owner, int x, int y) {
-    TrackPopupMenu(Popup(), TPM_RIGHTBUTTON, x, y, 0, owner, nullptr);
+void clOptionsMenu::EnableLogs() {
+    if (!areLogsEnabled)
+        menu.EnableItem(ID_VIEW_LOGS, true);
+    areLogsEnabled = true;
 }
 
 bool clOptionsMenu::Command(int id) {
@@ -75,10 +73,7 @@ bool clOptionsMenu::Command(int id) {
 }
 
 void clOptionsMenu::UpdateChecks() {
-    const HMENU popup = Popup();
-    const auto check = [popup](int id, bool on) {
-        CheckMenuItem(popup, static_cast<UINT>(id), on ? MF_CHECKED : MF_UNCHECKED);
-    };
+    const auto check = [this](int id, bool on) { menu.CheckItem(static_cast<UINT>(id), on); };
     for (const MenuChoice& choice : priorities)
         check(choice.id, choice.value == static_cast<std::int32_t>(priority));
     for (const MenuChoice& choice : actions)

@@ -2,26 +2,25 @@
 #pragma once
 
 #include "engine/PowerAction.h"
-#include "foundation/XHandles.h"
+#include "toolkit/XOwnerMenu.h"
 
 #include <cstdint>
 
 class clOptionsMenu {
 public:
     void Load(); // the menu, and the stored settings
-    // Opens it at a point of the screen; the commands go to `owner`.
-    void Show(HWND owner, int x, int y);
     // Carries out one command and keeps the checks in step. False: not one of this menu's.
     bool Command(int id);
-    [[nodiscard]] HMENU Popup() const noexcept; // borrowed
+    void EnableLogs(); // there is something to view
 
     std::uint32_t priority = 0;                  // clWorkerPriority; stored
     std::int32_t afterConversion = afterNothing; // clAfterConversion; not stored
     bool skipFinished = false;                   // stored
     bool showErrorLog = true;                    // stored as its reverse
     bool showInformationLog = false;             // stored
+    XOwnerMenu menu;                             // its button opens it; the commands go to the form
 
 private:
     void UpdateChecks();
-    XMenu menu;
+    bool areLogsEnabled = false;
 };

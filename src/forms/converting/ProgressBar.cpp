@@ -1,54 +1,62 @@
-// A framed bar with a vertical run of colours, made in memory and copied in one step.
+// Loading and drawing of progress bars.
 #include "forms/converting/ProgressBar.h"
 
-#include "foundation/XHandles.h"
+#include "toolkit/XWindow.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
-struct BarColours {
-    COLORREF frame, top, bottom;
-};
-constexpr BarColours emptyBar = {RGB(168, 178, 190), RGB(226, 231, 237), RGB(244, 246, 249)};
-constexpr BarColours fullBar = {RGB(43, 96, 158), RGB(124, 174, 227), RGB(58, 118, 189)};
+constexpr int plainDpi = 96;
 
-BYTE Between(BYTE from, BYTE to, int step, int steps) {
-    return static_cast<BYTE>(from + (to - from) * step / std::max(steps, 1));
+// Resolutions that the bars are drawn for, and how far their resources are from those for 96.
+struct Drawn {
+    int dpi, idOffset;
+};
+constexpr Drawn drawn[] = {{96, 0}, {120, 30}, {144, 10}, {192, 20}};
+
+// The coarsest that loses nothing on this screen, else the finest.
+const Drawn& DrawnFor(int dpi) {
+    for (const Drawn& each : drawn)
+        if (each.dpi >= dpi)
+            return each;
+    return drawn[std::size(drawn) - 1];
 }
 
-void DrawBox(HDC dc, int width, int height, const BarColours& colours) {
-    const XSelected brush(dc, GetStockObject(DC_BRUSH));
-    SetDCBrushColor(dc, colours.frame);
-    PatBlt(dc, 0, 0, width, height, PATCOPY);
-    for (int y = 1; y < height - 1; ++y) {
-        const COLORREF from = colours.top;
-        const COLORREF to = colours.bottom;
-        SetDCBrushColor(dc, RGB(Between(GetRValue(from), GetRValue(to), y, height),
-                                Between(GetGValue(from), GetGValue(to), y, height),
-                                Between(GetBValue(from), GetBValue(to), y, height)));
-        PatBlt(dc, 1, y, width - 2, 1, PATCOPY);
-    }
+void LoadScaled(XBitmap& bitmap, int plainId) {
+    const int dpi = ScaleToDpi(plainDpi);
+    const Drawn& source = DrawnFor(dpi);
+    XBitmap image;
+    image.LoadResource(plainId + source.idOffset);
+    bitmap.Copy(image);
+    if (source.dpi == dpi || !bitmap.IsValid())
+        return;
+    XBitmap scaled;
+    scaled.Create(nullptr, MulDiv(bitmap.Width(), dpi, source.dpi), MulDiv(bitmap.Height(), dpi, source.dpi));
+    SetStretchBltMode(scaled.Dc, HALFTONE);
+    SetBrushOrgEx(scaled.Dc, 0, 0, nullptr);
+    StretchBlt(scaled.Dc, 0, 0, scaled.Width(), scaled.Height(), bitmap.Dc, 0, 0, bitmap.Width(),
+               bitmap.Height(), SRCCOPY);
+    bitmap = std::move(scaled);
 }
 
 } // namespace
 
-void DrawProgressBar(HDC dc, const RECT& place, int percent) {
-    if (!RectVisible(dc, &place))
-        return; // one bar changes at a time, the others need no work
-    const int width = place.right - place.left;
-    const int height = place.bottom - place.top;
-    const XMemoryDc memory(CreateCompatibleDC(dc));
-    const XGdiObject bitmap(CreateCompatibleBitmap(dc, width, height));
-    if (!memory.IsValid() || !bitmap.IsValid())
-        return;
-    const XSelected selected(memory.Get(), bitmap.Get());
-    DrawBox(memory.Get(), width, height, emptyBar);
-    const int full = width * std::clamp(percent, 0, 100) / 100;
-    if (full > 0) {
-        IntersectClipRect(memory.Get(), 0, 0, full, height);
-        DrawBox(memory.Get(), width, height, fullBar);
-        SelectClipRgn(memory.Get(), nullptr);
-    }
-    BitBlt(dc, place.left, place.top, width, height, memory.Get(), 0, 0, SRCCOPY);
+void clProgressBars::Load() {
+    LoadScaled(empty, images.emptyId);
+    LoadScaled(full, images.fullId);
+    screen.Create(nullptr, empty.Width(), empty.Height());
+}
+
+RECT clProgressBars::At(POINT leftTop) const {
+    return {leftTop.x, leftTop.y, leftTop.x + empty.Width(), leftTop.y + empty.Height()};
+}
+
+void clProgressBars::Draw(HDC dc, const RECT& place, int percent) {
+    empty.Blit(screen.Dc, 0, 0);
+    const int filled = empty.Width() * std::clamp(percent, 0, 100) / 100;
+    if (filled > 0)
+        full.Blit(screen.Dc, 0, 0, filled);
+    screen.Blit(dc, place.left, place.top);
 }

@@ -19,6 +19,7 @@ constexpr int buttonHeight = 14;
 constexpr int optionsX = 7;
 constexpr int pauseX = 231;
 constexpr int cancelX = 284;
+constexpr int textHeight = 13; // pixels at 96 dots per inch
 constexpr UINT tickMs = 50;
 constexpr std::uint64_t tickTimer = 1;
 constexpr int smallIconEdge = 16;
@@ -47,10 +48,10 @@ void frmConverting::OnInit() {
     LoadIcons();
     options.Load();
     conversion.priority = options.priority;
-    textFont.Reset(CreateFontW(ScaleToDpi(13), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
-                               OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                               DEFAULT_PITCH | FF_DONTCARE, L"Tahoma"));
-    SendMessageW(Control(ID_HEADING), WM_SETFONT, reinterpret_cast<WPARAM>(textFont.Get()), FALSE);
+    overallBar.Load();
+    rowBars.Load();
+    textFont.Create(nullptr, L"", ScaleToDpi(textHeight), GetSysColor(COLOR_BTNTEXT));
+    SendMessageW(Control(ID_HEADING), WM_SETFONT, reinterpret_cast<WPARAM>(textFont.Handle()), FALSE);
     SetCaption();
     conversion.Prepare();
     ShowTexts();
@@ -65,10 +66,8 @@ void frmConverting::OnInit() {
 }
 
 void frmConverting::OnDestroy() {
-    cmdOptions.Remove();
-    cmdPause.Remove();
-    cmdCancel.Remove();
-    cmdFinish.Remove();
+    buttons.Clear();
+    logs.Destroy();
     taskbar.Disconnect();
     SetThreadExecutionState(ES_CONTINUOUS);
 }
@@ -79,7 +78,11 @@ void frmConverting::OnClose() {
     if (conversion.scheduler.conversionState == stateFinished)
         EndConversion();
     else
-        cmdCancel.OnClick();
+        cmdCancel.OnClick(false);
+}
+
+void frmConverting::OnCancel() {
+    OnClose();
 }
 
 void frmConverting::LoadIcons() {
@@ -141,40 +144,52 @@ void frmConverting::PlaceWindow() {
 }
 
 void frmConverting::MakeButtons() {
-    cmdOptions.Make(*this, ID_BUTTON_OPTIONS, L"Options", optionsX);
-    cmdPause.Make(*this, ID_BUTTON_PAUSE, L"Pause", pauseX, BS_CHECKBOX | BS_PUSHLIKE);
-    cmdCancel.Make(*this, ID_BUTTON_CANCEL, L"Cancel", cancelX);
+    buttons.Create(Hwnd);
+    cmdOptions.Menu = options.menu.Menu;
+    AddButton(cmdOptions, ID_BUTTON_OPTIONS, L"&Options", L"Options Menu", optionsX);
+    AddButton(cmdPause, ID_BUTTON_PAUSE, L"&Pause", L"Pause Conversion", pauseX);
+    AddButton(cmdCancel, ID_BUTTON_CANCEL, L"&Cancel", L"Cancel Conversion", cancelX);
 }
 
-LRESULT frmConverting::PreMessage(HWND, UINT message, WPARAM wParam, LPARAM, std::uint32_t& handled) {
+void frmConverting::AddButton(XButton& button, int id, const wchar_t* caption, const wchar_t* tip,
+                              int dialogX) {
+    const POINT size = FromDialogUnits(buttonWidth, buttonHeight);
+    clButtonDesc description;
+    description.X = FromDialogUnits(dialogX, 0).x;
+    description.Y = ButtonRowY();
+    description.Width = size.x;
+    description.Height = size.y;
+    description.Caption = caption;
+    description.Flags = buttonAllFaces;
+    description.Id = id;
+    description.Menu = button.Menu;
+    description.Tip = tip;
+    buttons.AddButton(button, description, 0, this);
+}
+
+LRESULT frmConverting::PreMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam,
+                                  std::uint32_t& handled) {
+    LRESULT result = buttons.OnParentMessage(hwnd, message, wParam, lParam, handled);
+    if (!handled)
+        result = options.menu.OnParentMessage(hwnd, message, wParam, lParam, handled);
+    if (handled)
+        return result;
     if (message == clTaskbarProgress::ButtonCreatedMessage()) {
         taskbar.Connect();
         handled = 1;
     } else if (message == WM_PAINT) {
         Paint();
         handled = 1;
-    } else if (message == WM_COMMAND && HIWORD(wParam) <= 1) { // a click, or from menu or keyboard
+    } else if (message == WM_COMMAND && HIWORD(wParam) <= 1) { // from menu or keyboard
         handled = Command(LOWORD(wParam));
     }
     return 0;
 }
 
 bool frmConverting::Command(int id) {
-    switch (id) {
-    case ID_BUTTON_OPTIONS:
-        ShowOptions();
+    if (id == ID_VIEW_LOGS) {
+        ViewLogs();
         return true;
-    case ID_BUTTON_PAUSE:
-        cmdPause.OnClick();
-        return true;
-    case ID_BUTTON_CANCEL:
-        cmdCancel.OnClick();
-        return true;
-    case ID_BUTTON_FINISH:
-        cmdFinish.OnClick();
-        return true;
-    default:
-        break;
     }
     if (!options.Command(id))
         return false;
@@ -182,10 +197,16 @@ bool frmConverting::Command(int id) {
     return true;
 }
 
-void frmConverting::ShowOptions() {
-    RECT button{};
-    GetWindowRect(cmdOptions.Window, &button);
-    options.Show(Hwnd, button.left, button.bottom);
+void frmConverting::ShareLogs(bool canReconvert) {
+    logs.ErrorLog = &conversion.scheduler.errorLog;
+    logs.InfoLog = &conversion.scheduler.informationLog;
+    logs.CanReconvert = canReconvert;
+    logs.Destroy();
+}
+
+void frmConverting::ViewLogs() {
+    ShareLogs(false);
+    logs.ShowDuringBatch(Hwnd);
 }
 
 POINT frmConverting::FromDialogUnits(int x, int y) const {
@@ -200,47 +221,25 @@ int frmConverting::ButtonRowY() const {
     return client.bottom - FromDialogUnits(0, buttonRowHeight).y;
 }
 
-void frmConverting::_Button::Make(frmConverting& owner, int id, const wchar_t* caption, int dialogX,
-                                  DWORD style) {
-    form = &owner;
-    const POINT size = owner.FromDialogUnits(buttonWidth, buttonHeight);
-    Window = CreateWindowExW(0, L"BUTTON", caption, WS_CHILD | WS_VISIBLE | WS_TABSTOP | style,
-                             owner.FromDialogUnits(dialogX, 0).x, owner.ButtonRowY(), size.x, size.y,
-                             owner.Hwnd, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                             GetModuleHandleW(nullptr), nullptr);
-    const LRESULT font = SendMessageW(owner.Hwnd, WM_GETFONT, 0, 0);
-    SendMessageW(Window, WM_SETFONT, static_cast<WPARAM>(font), TRUE);
-}
-
-void frmConverting::_Button::Remove() {
-    if (Window)
-        DestroyWindow(Window);
-    Window = nullptr;
-}
-
-void frmConverting::_cmdPause::SetDown(bool down) {
-    SendMessageW(Window, BM_SETCHECK, down ? BST_CHECKED : BST_UNCHECKED, 0);
-}
-
-void frmConverting::_cmdPause::OnClick() {
-    const bool down = !form->conversion.IsPaused();
+void frmConverting::_cmdPause::OnClick(bool) {
+    const bool down = !form.conversion.IsPaused();
     if (down)
-        form->conversion.Pause();
+        form.conversion.Pause();
     else
-        form->conversion.Resume();
-    SetDown(down);
-    form->taskbar.SetState(form->Hwnd, down ? TBPF_PAUSED : TBPF_NORMAL);
+        form.conversion.Resume();
+    SetToggle(down);
+    form.taskbar.SetState(form.Hwnd, down ? TBPF_PAUSED : TBPF_NORMAL);
 }
 
-void frmConverting::_cmdCancel::OnClick() {
+void frmConverting::_cmdCancel::OnClick(bool) {
     const int answer =
-        MessageBoxW(form->Hwnd, L"Cancel Conversion?", programCaption, MB_YESNO | MB_ICONQUESTION);
-    if (answer != IDYES || form->conversion.scheduler.conversionState == stateFinished)
+        MessageBoxW(form.Hwnd, L"Cancel Conversion?", programCaption, MB_YESNO | MB_ICONQUESTION);
+    if (answer != IDYES || form.conversion.scheduler.conversionState == stateFinished)
         return;
-    form->conversion.Cancel();
-    form->cmdPause.SetDown(false);
+    form.conversion.Cancel();
+    form.cmdPause.SetToggle(false);
 }
 
-void frmConverting::_cmdFinish::OnClick() {
-    form->EndConversion();
+void frmConverting::_cmdFinish::OnClick(bool) {
+    form.EndConversion();
 }

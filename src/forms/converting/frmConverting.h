@@ -4,7 +4,11 @@
 
 #include "engine/Conversion.h"
 #include "forms/converting/OptionsMenu.h"
+#include "forms/converting/ProgressBar.h"
 #include "forms/converting/TaskbarProgress.h"
+#include "forms/review/frmErrorsInfo.h"
+#include "toolkit/XButtonGroup.h"
+#include "toolkit/XFont.h"
 #include "toolkit/XWindow.h"
 
 // What tests put in place of the real thing.
@@ -20,6 +24,7 @@ public:
     ~frmConverting() override;
 
     void OnClose() override;
+    void OnCancel() override; // Escape
     void OnInit() override;
     void OnDestroy() override;
     void OnTimer(std::uint64_t id, std::uint64_t data) override;
@@ -27,28 +32,29 @@ public:
                        std::uint32_t& handled) override;
 
 private:
-    // A push button on the form's button row.
-    class _Button {
+    class _cmdPause final : public XButton {
     public:
-        void Make(frmConverting& owner, int id, const wchar_t* caption, int dialogX, DWORD style = 0);
-        void Remove();
-        HWND Window = nullptr;
+        explicit _cmdPause(frmConverting& form) : form(form) {}
+        void OnClick(bool rightButton) override;
 
-    protected:
-        frmConverting* form = nullptr;
+    private:
+        frmConverting& form;
     };
-    class _cmdPause final : public _Button {
+    class _cmdCancel final : public XButton {
     public:
-        void OnClick();
-        void SetDown(bool down); // the look only
+        explicit _cmdCancel(frmConverting& form) : form(form) {}
+        void OnClick(bool rightButton) override;
+
+    private:
+        frmConverting& form;
     };
-    class _cmdCancel final : public _Button {
+    class _cmdFinish final : public XButton {
     public:
-        void OnClick();
-    };
-    class _cmdFinish final : public _Button {
-    public:
-        void OnClick();
+        explicit _cmdFinish(frmConverting& form) : form(form) {}
+        void OnClick(bool rightButton) override;
+
+    private:
+        frmConverting& form;
     };
 
     // Initialisation
@@ -59,6 +65,7 @@ private:
     void SizeToRows();
     void PlaceWindow();
     void MakeButtons();
+    void AddButton(XButton& button, int id, const wchar_t* caption, const wchar_t* tip, int dialogX);
 
     // The timer step and what follows conversion
     void TimerStep();
@@ -75,12 +82,14 @@ private:
     void Paint();
     void PaintEffects(HDC dc);
     void PlaceHeading();
+    [[nodiscard]] int TextWidth(const wchar_t* text); // pixels, of the heading's font
     void InvalidateOverallBar();
     [[nodiscard]] RECT OverallBar() const;
     [[nodiscard]] RECT RowBar(int slot) const;
 
     bool Command(int id);
-    void ShowOptions();
+    void ViewLogs();
+    void ShareLogs(bool canReconvert);
     [[nodiscard]] POINT FromDialogUnits(int x, int y) const;
     [[nodiscard]] int ButtonRowY() const; // pixels
 
@@ -92,9 +101,13 @@ private:
     XArray<XIcon> effectIcons;
     XIcon encoderIcon;
     XIcon slotIcon;
-    XGdiObject textFont; // of the heading, and of what is drawn beside it
-    _Button cmdOptions;
-    _cmdPause cmdPause;
-    _cmdCancel cmdCancel;
-    _cmdFinish cmdFinish;
+    XFont textFont; // of the heading, and of what is drawn beside it
+    clProgressBars overallBar{overallBarImages};
+    clProgressBars rowBars{rowBarImages};
+    frmErrorsInfo logs;
+    XButtonGroup buttons;
+    XButton cmdOptions;
+    _cmdPause cmdPause{*this};
+    _cmdCancel cmdCancel{*this};
+    _cmdFinish cmdFinish{*this};
 };

@@ -1,6 +1,5 @@
 // What the converting form draws itself: bars and the effects' icons; and the place of the heading.
 #include "engine/WorkerText.h"
-#include "forms/converting/ProgressBar.h"
 #include "forms/converting/Rows.h"
 #include "forms/converting/frmConverting.h"
 #include "resources/ids.h"
@@ -20,29 +19,14 @@ constexpr int effectIconStep = 24;
 constexpr int effectIconMargin = 50;
 constexpr int effectIconEdge = 16;
 
-int TextWidth(HWND window, HGDIOBJ font, const XString& text) {
-    const HDC dc = GetDC(window);
-    SIZE size{};
-    {
-        const XSelected selected(dc, font);
-        GetTextExtentPoint32W(dc, text, text.Count(), &size);
-    }
-    ReleaseDC(window, dc);
-    return size.cx;
-}
-
-RECT SizedRect(POINT at, int width, int height) {
-    return {at.x, at.y, at.x + ScaleToDpi(width), at.y + ScaleToDpi(height)};
-}
-
 } // namespace
 
 RECT frmConverting::OverallBar() const {
-    return SizedRect(FromDialogUnits(overallBarX, overallBarY), overallBarWidth, overallBarHeight);
+    return overallBar.At(FromDialogUnits(overallBarX, overallBarY));
 }
 
 RECT frmConverting::RowBar(int slot) const {
-    return SizedRect(FromDialogUnits(rowBarX, rowControls[slot].y), rowBarWidth, rowBarHeight);
+    return rowBars.At(FromDialogUnits(rowBarX, rowControls[slot].y));
 }
 
 void frmConverting::InvalidateOverallBar() {
@@ -50,8 +34,16 @@ void frmConverting::InvalidateOverallBar() {
     InvalidateRect(Hwnd, &bar, FALSE);
 }
 
+int frmConverting::TextWidth(const wchar_t* text) {
+    const HDC dc = GetDC(Hwnd);
+    const int width = textFont.Width(dc, text);
+    textFont.Unselect();
+    ReleaseDC(Hwnd, dc);
+    return width;
+}
+
 void frmConverting::PlaceHeading() {
-    const int width = TextWidth(Hwnd, textFont.Get(), shown.heading) + 2;
+    const int width = TextWidth(shown.heading) + 2;
     constexpr UINT flags = SWP_NOZORDER | SWP_NOACTIVATE;
     SetWindowPos(Control(ID_HEADING), nullptr, 0, 0, width, FromDialogUnits(0, headingHeight).y,
                  flags | SWP_NOMOVE);
@@ -69,10 +61,15 @@ void frmConverting::Paint() {
     PAINTSTRUCT paint{};
     const HDC dc = BeginPaint(Hwnd, &paint);
     PaintEffects(dc);
-    DrawProgressBar(dc, OverallBar(), static_cast<int>(conversion.overallPercent));
-    if (conversion.AreRowsShown())
-        for (int i = 0; i < conversion.scheduler.slots.Count(); ++i)
-            DrawProgressBar(dc, RowBar(i), PercentToShow(conversion.scheduler.slots[i]));
+    const RECT bar = OverallBar();
+    if (RectVisible(dc, &bar))
+        overallBar.Draw(dc, bar, static_cast<int>(conversion.overallPercent));
+    const std::int64_t rows = conversion.AreRowsShown() ? conversion.scheduler.slots.Count() : 0;
+    for (int i = 0; i < rows; ++i) {
+        const RECT row = RowBar(i);
+        if (RectVisible(dc, &row))
+            rowBars.Draw(dc, row, PercentToShow(conversion.scheduler.slots[i]));
+    }
     EndPaint(Hwnd, &paint);
 }
 
@@ -86,13 +83,10 @@ void frmConverting::PaintEffects(HDC dc) {
     GetClientRect(Hwnd, &client);
 
     const XString text = effectIcons.Count() == 1 ? L"DSP: " : L"DSPs: ";
-    {
-        const XSelected font(dc, textFont.Get());
-        SetBkMode(dc, TRANSPARENT);
-        SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
-        TextOutW(dc, icon.left + effectTextDistance, icon.top + 2, text, text.Count());
-    }
-    int x = icon.left + effectIconDistance + TextWidth(Hwnd, textFont.Get(), text);
+    textFont.Select(dc);
+    textFont.TextOut(icon.left + effectTextDistance, icon.top + 2, text);
+    textFont.Unselect();
+    int x = icon.left + effectIconDistance + TextWidth(text);
     for (const XIcon& effect : effectIcons) {
         if (x > client.right - effectIconMargin)
             return;

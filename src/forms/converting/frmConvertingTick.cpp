@@ -1,5 +1,4 @@
 // The timer step of the converting form and what follows conversion.
-#include "forms/converting/LogBox.h"
 #include "forms/converting/Rows.h"
 #include "forms/converting/frmConverting.h"
 #include "host/Settings.h"
@@ -43,6 +42,8 @@ void frmConverting::TimerStep() {
 
 void frmConverting::ShowReport(const clTickReport& report) {
     ShowTexts();
+    if (conversion.scheduler.hasReports)
+        options.EnableLogs();
     if (!conversion.AreRowsShown())
         return;
     ShowRowTexts(report.textsChanged);
@@ -89,11 +90,11 @@ void frmConverting::FinishBatch() {
     if (conversion.AreRowsShown())
         ShowRowTexts(~0U);
     InvalidateOverallBar();
-    cmdCancel.Remove();
-    cmdFinish.Make(*this, ID_BUTTON_FINISH, L"Finish", finishX);
-    SendMessageW(Hwnd, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(cmdFinish.Window), TRUE);
-    cmdPause.SetDown(false);
-    EnableWindow(cmdPause.Window, FALSE);
+    buttons.RemoveButton(cmdCancel);
+    AddButton(cmdFinish, ID_BUTTON_FINISH, L"&Finish", L"Close Zephtone", finishX);
+    cmdFinish.Focus();
+    cmdPause.SetToggle(false);
+    cmdPause.Enable(false);
     if (options.skipFinished || !conversion.scheduler.errorLog.IsEmpty())
         EndConversion();
 }
@@ -111,8 +112,10 @@ void frmConverting::EndConversion() {
         information.Clear();
     if (!options.showErrorLog)
         errors.Clear();
-    if (!errors.IsEmpty() || !information.IsEmpty())
-        ShowLogBox(Hwnd, errors, information);
+    if (!errors.IsEmpty() || !information.IsEmpty()) {
+        ShareLogs(true);
+        logs.ShowEndOfBatch(Hwnd);
+    }
     EndDialog(Hwnd, 0);
 }
 
