@@ -6,5 +6,5 @@
 
 #include <string>
 
-// `results` holds "file1_in", "file1_out", "file1_conversionhaderrors" (failed rows only), "file2_in"...
+// `results` is the list that ResultRows.h describes.
 [[nodiscard]] std::string BuildReport(const XTagList& results);
