@@ -1,29 +1,32 @@
 #!/usr/bin/env bash
 # Converts audio files with Tonemill under Wine, unattended, in a Wine prefix of its own.
-# Usage: ./convert.sh [--to ENCODER] [--out FOLDER] [--naming TEMPLATE] [--settings TEXT] [FILE...]
+# Usage: ./convert.sh [--to ENCODER] [--out FOLDER] [--naming TEMPLATE] [--settings TEXT]
+#                     [--effect NAME=SETTINGS]... [FILE...]
 #   --to        an encoder in build/Tonemill/encoder (default FLAC)
 #   --out       where the outputs go (default build/converted)
 #   --naming    folders and names from the files' tags, such as '[artist]\[album]\[track] - [title]'
 #               (default: the sources' names)
 #   --settings  the encoder's settings text, such as '-level="8"'
+#   --effect    an effect in build/Tonemill/DSPs, such as 'Playlist Writer=-file="Today"'
 # Without files it converts recordings that Debian's package alsa-utils brings.
 # Ends with 0 if every file was converted, 1 if one failed, 2 for a wrong call.
 set -euo pipefail
 root=$(cd "$(dirname "$0")" && pwd)
 encoder=FLAC out=$root/build/converted settings= naming=
-files=()
+files=() effects=()
 while [ $# -gt 0 ]; do
     case $1 in
-    --to | --out | --naming | --settings)
+    --to | --out | --naming | --settings | --effect)
         [ $# -ge 2 ] || { echo "convert.sh: $1 wants a value" >&2; exit 2; }
         case $1 in
         --to) encoder=$2 ;;
         --out) out=$2 ;;
         --naming) naming=$2 ;;
         --settings) settings=$2 ;;
+        --effect) effects+=("$2") ;;
         esac
         shift 2 ;;
-    -h | --help) sed -n '2,11s/^# \{0,1\}//p' "$0"; exit 0 ;;
+    -h | --help) sed -n '2,13s/^# \{0,1\}//p' "$0"; exit 0 ;;
     --) shift; files+=("$@"); break ;;
     -*) echo "convert.sh: unknown option $1" >&2; exit 2 ;;
     *) files+=("$1"); shift ;;
@@ -67,7 +70,12 @@ for file in "${files[@]}"; do
 done | iconv -f UTF-8 -t UTF-16LE >"$job/list.txt"
 
 # Batch Report gets the result list at the end of the batch and writes it to its file.
-chain='-dspeffect1="Batch Report=-file={qt}C:\tonemill-job\report.txt{qt}"'
+effects+=('Batch Report=-file="C:\tonemill-job\report.txt"')
+chain=
+for ((i = 0; i < ${#effects[@]}; ++i)); do
+    chain+="-dspeffect$((i + 1))=\"${effects[i]//\"/{qt\}}\" "
+done
+chain=${chain% }
 key='HKEY_CURRENT_USER\Software\Vantrel\Zephtone'
 {
     printf 'Windows Registry Editor Version 5.00\n\n[%s]\n' "$key"
@@ -114,5 +122,14 @@ while IFS=$'\t' read -r state source target; do
         printf 'failed   %s\n' "${source//\\//}" ;;
     esac
 done < <(tr -d '\r' <"$job/report.txt")
+# Playlists that an effect wrote beside the outputs; what somebody else has there stays.
+while IFS= read -r -d '' list; do
+    target=$out/${list#"$job/out/"}
+    if [ -e "$target" ] && ! head -c 10 "$target" | grep -q '#EXTM3U'; then
+        echo "convert.sh: $target is no playlist and was not replaced" >&2
+    else
+        take "$list" "$target"
+    fi
+done < <(find "$job/out" -name '*.m3u8' -type f -print0)
 printf '%d converted, %d failed\n' "$converted" "$failed"
 [ "$failed" = 0 ] && [ "$converted" -gt 0 ]
