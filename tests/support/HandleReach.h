@@ -3,21 +3,19 @@
 
 #include "foundation/XHandles.h"
 
+#include <vector>
+
 // How far the process's handles reach. Wine counts none for us (it answers 0) but gives a new object
-// the first free slot, so that there the slot of a fresh one tells as much as a count.
+// a free slot before it takes a new one, so that there the slots of fresh ones tell as much as a count.
 struct HandleReach {
     HandleReach() {
         gdi = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
         user = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
         GetProcessHandleCount(GetCurrentProcess(), &kernel);
-        if (gdi == 0) {
-            const XGdiObject pen(CreatePen(PS_SOLID, 1, 0));
-            gdi = LOWORD(reinterpret_cast<ULONG_PTR>(pen.Get()));
-        }
-        if (user == 0) {
-            const XMenu menu(CreatePopupMenu());
-            user = LOWORD(reinterpret_cast<ULONG_PTR>(menu.Get())) / 2;
-        }
+        if (gdi == 0)
+            gdi = Highest<XGdiObject>([] { return CreatePen(PS_SOLID, 1, 0); });
+        if (user == 0)
+            user = Highest<XMenu>(CreatePopupMenu) / 2;
         if (kernel == 0) {
             const XKernelHandle event(CreateEventW(nullptr, TRUE, FALSE, nullptr));
             kernel = static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(event.Get()) / 4);
@@ -26,4 +24,18 @@ struct HandleReach {
     DWORD gdi = 0;
     DWORD user = 0;
     DWORD kernel = 0;
+
+private:
+    // The slot that was freed last comes first: only the highest, behind all free ones, counts.
+    template <class Owner, class Make>
+    static DWORD Highest(Make make) {
+        std::vector<Owner> owners;
+        DWORD highest = 0;
+        for (int i = 0; i < 1000; ++i) {
+            owners.emplace_back(make());
+            const DWORD slot = LOWORD(reinterpret_cast<ULONG_PTR>(owners.back().Get()));
+            highest = slot > highest ? slot : highest;
+        }
+        return highest;
+    }
 };

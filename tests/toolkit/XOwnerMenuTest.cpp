@@ -1,0 +1,302 @@
+// The owner-drawn menu: its items by state, pixel by pixel, its keys, and a real menu on the screen.
+#include "toolkit/XOwnerMenu.h"
+#include "../support/HandleReach.h"
+#include "Canvas.h"
+#include "Recorder.h"
+#include "toolkit/GreyIcon.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+constexpr UINT saveAndQuit = 2, rise = 3, sink = 4, faint = 5;
+constexpr COLORREF blue = 0xFF0000, greyBlue = 0x787878; // (0 + 0 + 255) / 3 + 35
+constexpr COLORREF selectedPen = 0xEBD8A8, checkedPen = 0xCDBA8A, paleText = 0xC0C0C0;
+
+class MenuForm : public XWindow {
+public:
+    ~MenuForm() override { Destroy(); }
+    LRESULT PreMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam,
+                       std::uint32_t& handled) override {
+        commands += message == WM_COMMAND;
+        return menu.OnParentMessage(hwnd, message, wParam, lParam, handled);
+    }
+    XOwnerMenu menu;
+    int commands = 0;
+};
+
+struct Answer {
+    LRESULT result;
+    std::uint32_t handled;
+};
+Answer Send(XOwnerMenu& menu, UINT message, WPARAM wParam, const void* lParam) {
+    Answer answer{0, 0};
+    answer.result =
+        menu.OnParentMessage(nullptr, message, wParam, reinterpret_cast<LPARAM>(lParam), answer.handled);
+    return answer;
+}
+
+MENUITEMINFOW ItemAt(HMENU menu, int position) {
+    MENUITEMINFOW info{};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_FTYPE | MIIM_DATA | MIIM_ID | MIIM_SUBMENU;
+    EXPECT_TRUE(GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &info)) << position;
+    return info;
+}
+
+MEASUREITEMSTRUCT Measured(XOwnerMenu& menu, HMENU in, int position) {
+    MEASUREITEMSTRUCT measure{};
+    measure.CtlType = ODT_MENU;
+    measure.itemData = ItemAt(in, position).dwItemData;
+    EXPECT_EQ(Send(menu, WM_MEASUREITEM, 0, &measure).handled, 1U) << position;
+    return measure;
+}
+
+void DrawAt(XOwnerMenu& menu, HMENU in, int position, UINT state, const Canvas& canvas, int width,
+            int height) {
+    DRAWITEMSTRUCT draw{};
+    draw.CtlType = ODT_MENU;
+    draw.itemState = state;
+    draw.hwndItem = reinterpret_cast<HWND>(in);
+    draw.hDC = canvas;
+    draw.rcItem = RECT{0, 0, width, height};
+    draw.itemData = ItemAt(in, position).dwItemData;
+    EXPECT_EQ(Send(menu, WM_DRAWITEM, 0, &draw).handled, 1U) << position;
+}
+
+TEST(XOwnerMenu, TakesAResourceWithItsSubMenus) {
+    XOwnerMenu menu;
+    ASSERT_TRUE(menu.Load(901));
+    const HMENU subMenu = GetSubMenu(menu.Popup(), 0);
+    EXPECT_EQ(menu.Items.Count(), 6);
+    for (int i = 0; i < 6; ++i)
+        EXPECT_TRUE(ItemAt(menu.Popup(), i).fType & MFT_OWNERDRAW) << i;
+    EXPECT_TRUE(ItemAt(subMenu, 0).fType & MFT_OWNERDRAW);
+    EXPECT_EQ(menu.Find(saveAndQuit)->Text, L"Save & Quit");
+    EXPECT_EQ(menu.Find(rise)->Text, L"Rise");
+    EXPECT_EQ(menu.Find(rise)->AccessKey, L'S');
+    EXPECT_EQ(menu.Find(faint)->AccessKey, L'F');
+
+    const XIcon icon = MakeIcon(16, 0xFF0000FF);
+    ASSERT_TRUE(menu.AddItem({.Id = 10, .Text = L"R&&B.dll", .Icon = icon.Get(), .Parent = subMenu}, true));
+    menu.RemoveItem(1);
+    EXPECT_EQ(GetMenuItemCount(subMenu), 1);
+    EXPECT_EQ(ItemAt(subMenu, 0).wID, 10U);
+    EXPECT_EQ(menu.Find(10)->Text, L"R&&B.dll");
+    EXPECT_EQ(menu.Find(1), nullptr);
+
+    const MEASUREITEMSTRUCT plain = Measured(menu, menu.Popup(), 4),
+                            separator = Measured(menu, menu.Popup(), 2);
+    EXPECT_EQ(plain.itemHeight, 18U);
+    EXPECT_EQ(separator.itemHeight, 9U);
+    EXPECT_EQ(separator.itemWidth, 0U);
+    EXPECT_EQ(Measured(menu, subMenu, 0).itemHeight, 20U); // the icon and two pixels above and below
+    EXPECT_GT(Measured(menu, menu.Popup(), 0).itemWidth, plain.itemWidth);
+    EXPECT_FALSE(menu.Load(4711));
+    EXPECT_EQ(menu.Popup(), nullptr);
+}
+
+TEST(XOwnerMenu, LeavesMenusOfOthersAlone) {
+    XOwnerMenu menu, other;
+    ASSERT_TRUE(menu.Load(901));
+    ASSERT_TRUE(other.Load(901));
+    MEASUREITEMSTRUCT measure{};
+    measure.CtlType = ODT_MENU;
+    for (const int position : {1, 2}) {
+        measure.itemData = ItemAt(other.Popup(), position).dwItemData;
+        EXPECT_EQ(Send(menu, WM_MEASUREITEM, 0, &measure).handled, 0U) << position;
+    }
+    EXPECT_EQ(Send(menu, WM_MENUCHAR, L's', other.Popup()).handled, 0U);
+    measure.CtlType = ODT_COMBOBOX;
+    measure.itemData = ItemAt(menu.Popup(), 1).dwItemData;
+    EXPECT_EQ(Send(menu, WM_MEASUREITEM, 0, &measure).handled, 0U);
+}
+
+struct LookRow {
+    bool selected, checked, disabled;
+    bool box;      // of the selected item
+    COLORREF icon; // in the middle of the icon
+    bool black;    // anything black: the text, the check mark
+    bool pale;     // the disabled text
+};
+
+TEST(XOwnerMenu, ShowsTheStateOfAnItemAsItIsWhenItDraws) {
+    constexpr LookRow rows[] = {
+        {false, false, false, false, blue, true, false},    {true, false, false, true, blue, true, false},
+        {false, true, false, false, blue, true, false},     {true, true, false, true, blue, true, false},
+        {false, false, true, false, greyBlue, false, true}, {true, false, true, false, greyBlue, false, true},
+        {true, true, true, false, greyBlue, true, true},
+    };
+    XOwnerMenu menu;
+    const XIcon icon = MakeIcon(16, 0xFF0000FF);
+    ASSERT_TRUE(menu.AddItem({.Id = 7, .Text = L"Text", .Icon = icon.Get()}, true));
+    for (const LookRow& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.selected << row.checked << row.disabled);
+        menu.CheckItem(7, row.checked);
+        menu.EnableItem(7, !row.disabled);
+        Canvas canvas(100, 20);
+        DrawAt(menu, menu.Popup(), 0, row.selected ? ODS_SELECTED : 0, canvas, 100, 20);
+        EXPECT_EQ(canvas.At(50, 0) == selectedPen, row.box);
+        EXPECT_EQ(canvas.At(98, 10) == checkedPen, row.checked); // the bracket two pixels from the edge
+        EXPECT_EQ(canvas.At(24, 10) == checkedPen, row.checked);
+        EXPECT_EQ(canvas.At(1, 10) == checkedPen, row.checked); // the box in the strip
+        EXPECT_EQ(canvas.At(93, 11) == 0 && canvas.At(88, 13) == 0, row.checked);
+        EXPECT_EQ(canvas.At(11, 10), row.icon);
+        EXPECT_EQ(canvas.Count(0) > 0, row.black);
+        EXPECT_EQ(canvas.Count(paleText) > 0, row.pale);
+    }
+}
+
+TEST(XOwnerMenu, DrawsTheStripOnlyInMenusWithIcons) {
+    for (const bool hasIcons : {true, false}) {
+        SCOPED_TRACE(hasIcons);
+        XOwnerMenu menu;
+        ASSERT_TRUE(menu.AddItem({}, hasIcons)); // before any item tells
+        ASSERT_TRUE(menu.AddItem({.Id = 7, .Text = L"Text"}, hasIcons));
+        Canvas line(100, 9), item(100, 18);
+        DrawAt(menu, menu.Popup(), 0, 0, line, 100, 9);
+        DrawAt(menu, menu.Popup(), 1, 0, item, 100, 18);
+        const int text = hasIcons ? 29 : 10;
+        EXPECT_EQ(line.At(text, 4), 0xC4C4C4U);
+        EXPECT_NE(line.At(text - 1, 4), 0xC4C4C4U);
+        EXPECT_EQ(line.At(99, 4), 0xC4C4C4U);
+        EXPECT_EQ(item.At(0, 5), hasIcons ? 0xF8F8F8U : GetSysColor(COLOR_MENU));
+        EXPECT_EQ(line.At(0, 0), item.At(0, 0));
+    }
+}
+
+struct KeyRow {
+    wchar_t key;
+    int highlighted; // position, -1 none
+    int position;    // -1: not handled
+    int action;
+};
+
+TEST(XOwnerMenu, FindsItemsByTheirKeys) {
+    // Save & Quit and Rise share S with Sink and the sub-menu; Faint is gray.
+    constexpr KeyRow rows[] = {
+        {L's', -1, 0, MNC_SELECT},  {L'S', 0, 1, MNC_SELECT}, {L's', 3, 4, MNC_SELECT},
+        {L's', 4, 0, MNC_SELECT},   {L'f', -1, -1, 0},        {L'x', -1, -1, 0},
+        {L'z', -1, 6, MNC_EXECUTE},
+    };
+    XOwnerMenu menu;
+    ASSERT_TRUE(menu.Load(901));
+    ASSERT_TRUE(menu.AddItem({.Id = 6, .Text = L"Zoom"}, true));
+    for (const KeyRow& row : rows) {
+        MENUITEMINFOW state{};
+        state.cbSize = sizeof state;
+        state.fMask = MIIM_STATE;
+        for (int i = 0; i < 7; ++i) {
+            GetMenuItemInfoW(menu.Popup(), static_cast<UINT>(i), TRUE, &state);
+            state.fState =
+                (state.fState & ~static_cast<UINT>(MFS_HILITE)) | (i == row.highlighted ? MFS_HILITE : 0);
+            SetMenuItemInfoW(menu.Popup(), static_cast<UINT>(i), TRUE, &state);
+        }
+        const Answer answer = Send(menu, WM_MENUCHAR, row.key, menu.Popup());
+        EXPECT_EQ(answer.handled, row.position >= 0) << row.position;
+        EXPECT_EQ(answer.result, row.position >= 0 ? MAKELRESULT(row.position, row.action) : 0)
+            << row.position;
+    }
+}
+
+// Posts keys to a menu that is open, one at each tick.
+class Keys {
+public:
+    Keys(HWND owner, std::initializer_list<WPARAM> keys) : owner(owner), keys(keys) {
+        current = this;
+        timer = SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) { current->Post(); });
+    }
+    ~Keys() { KillTimer(nullptr, timer); }
+
+private:
+    void Post() {
+        if (const HWND window = FindWindowW(L"#32768", nullptr); !window || !IsWindowVisible(window))
+            return;
+        // Keys beyond these end a menu that took none of them.
+        PostMessageW(owner, WM_KEYDOWN, next < keys.size() ? keys[next] : VK_ESCAPE, 0);
+        ++next;
+    }
+    static inline Keys* current = nullptr;
+    HWND owner;
+    std::vector<WPARAM> keys;
+    std::size_t next = 0;
+    UINT_PTR timer;
+};
+
+TEST(XOwnerMenu, ReturnsTheChoiceOfARealMenu) {
+    MenuForm form;
+    form.Create(L"form", RECT{50, 50, 350, 250}, WS_POPUP | WS_VISIBLE, 0, nullptr, 0);
+    ASSERT_TRUE(form.menu.Load(901));
+    const struct {
+        std::initializer_list<WPARAM> keys;
+        UINT expected;
+    } rows[] = {
+        {{VK_DOWN, VK_DOWN, VK_RETURN}, saveAndQuit},
+        {{VK_DOWN, VK_RIGHT, VK_RETURN}, 1}, // in the sub-menu
+        {{VK_UP, VK_RETURN}, 0},             // the last one is gray
+        {{VK_ESCAPE}, 0},
+        {{'A'}, 6}, // a letter alone
+    };
+    ASSERT_TRUE(form.menu.AddItem({.Id = 6, .Text = L"Amber", .Position = 4}, true));
+    for (const auto& row : rows) {
+        const Keys keys(form.Hwnd, row.keys);
+        EXPECT_EQ(form.menu.TrackAt(form.Hwnd, 100, 100), row.expected) << row.expected;
+    }
+    {
+        const Keys keys(form.Hwnd, {VK_DOWN, VK_DOWN, VK_RETURN});
+        EXPECT_EQ(form.menu.TrackBelow(form.Hwnd, form.Hwnd), saveAndQuit);
+    }
+    EXPECT_EQ(form.commands, 0);
+    EXPECT_NE(form.menu.Popup(), nullptr);
+}
+
+TEST(XOwnerMenu, KeepsNothingAfterManyLoads) {
+    const XIcon icon = MakeIcon(16, 0xFF0000FF);
+    const Canvas canvas(100, 20);
+    const auto use = [&] {
+        XOwnerMenu menu;
+        ASSERT_TRUE(menu.Load(901));
+        menu.SetItemIcon(sink, icon.Get());
+        menu.SetItemIcon(sink, icon.Get());
+        ASSERT_TRUE(menu.AddItem({.Id = 6, .Text = L"Added", .Icon = icon.Get()}, true));
+        for (int i = 0; i < 7; ++i)
+            DrawAt(menu, menu.Popup(), i, ODS_SELECTED, canvas, 100, 20);
+        menu.RemoveItem(6);
+    };
+    use();
+    const HandleReach before;
+    for (int i = 0; i < 50; ++i)
+        use();
+    const HandleReach after;
+    EXPECT_EQ(after.gdi, before.gdi);
+    EXPECT_EQ(after.user, before.user);
+}
+
+TEST(GreyIcon, KeepsTransparency) {
+    const struct {
+        std::uint32_t argb;
+        COLORREF onWhite;
+    } rows[] = {
+        {0xFF0000FF, 0x787878}, {0xFFFFFFFF, 0xFFFFFF}, {0xFFF0F0E0, 0xFFFFFF},
+        {0xFF000000, 0x000000}, {0xFF010000, 0x232323}, {0x00FF0000, 0xFFFFFF},
+    };
+    for (const auto& row : rows) {
+        // Half of the picture is opaque, so that the icon is one with alpha.
+        std::vector<std::uint32_t> pixels(16 * 16, 0xFF00FF00);
+        std::fill(pixels.begin(), pixels.begin() + 128, row.argb);
+        const std::vector<std::uint8_t> none(32);
+        const XGdiObject colour(CreateBitmap(16, 16, 1, 32, pixels.data()));
+        const XGdiObject mask(CreateBitmap(16, 16, 1, 1, none.data()));
+        ICONINFO info{TRUE, 0, 0, static_cast<HBITMAP>(mask.Get()), static_cast<HBITMAP>(colour.Get())};
+        const XIcon source(CreateIconIndirect(&info)), grey = MakeGreyIcon(source.Get());
+        Canvas canvas(16, 16);
+        EXPECT_TRUE(DrawIconEx(canvas, 0, 0, grey.Get(), 0, 0, 0, nullptr, DI_NORMAL));
+        EXPECT_EQ(canvas.At(8, 2), row.onWhite) << std::hex << row.argb;
+        EXPECT_EQ(canvas.At(8, 12), 0x787878U);
+    }
+    EXPECT_FALSE(MakeGreyIcon(nullptr).IsValid());
+}
+
+} // namespace
