@@ -6,8 +6,8 @@
 #include "foundation/XPath.h"
 #include "host/DecoderCatalogue.h"
 
-#include <algorithm>
 #include <memory>
+#include <set>
 #include <vector>
 
 namespace {
@@ -39,15 +39,11 @@ public:
         FolderIdentity identity;
         if (!ReadIdentity(folder, identity))
             return !isLink;
-        const auto place = std::lower_bound(entered.begin(), entered.end(), identity);
-        if (place != entered.end() && *place == identity)
-            return false;
-        entered.insert(place, identity);
-        return true;
+        return entered.insert(identity).second;
     }
 
 private:
-    std::vector<FolderIdentity> entered; // ascending
+    std::set<FolderIdentity> entered;
 };
 
 class ExtensionTest {

@@ -122,21 +122,21 @@ TEST_F(HandOff, ABusyFileIsTriedAgain) {
 
 TEST_F(HandOff, NothingIsLostBetweenManySenders) {
     constexpr int senders = 3;
-    constexpr int lists = 40;
+    constexpr int lists = 50;
+    static XTempFile list[senders][lists];
+    for (int i = 0; i < senders * lists; ++i) {
+        XTempFile& path = list[i / lists][i % lists];
+        ASSERT_TRUE(path.MakeNew());
+        WriteText(path, std::wstring_view((L"C:\\" + DecimalText(i)).Text()));
+    }
     const XKernelHandle event = MakeHandOffEvent();
     std::atomic<int> running{senders};
     std::atomic<int> sent{0};
     std::vector<std::thread> threads;
     for (int sender = 0; sender < senders; ++sender) {
         threads.emplace_back([&, sender] {
-            XTempFile list;
-            if (list.MakeNew()) {
-                for (int i = 0; i < lists; ++i) {
-                    const XString path = L"C:\\" + DecimalText(sender) + L"-" + DecimalText(i);
-                    WriteText(list, std::wstring_view(path.Text()));
-                    sent += TryHandOff(list);
-                }
-            }
+            for (const XTempFile& path : list[sender])
+                sent += TryHandOff(path);
             --running;
         });
     }
@@ -145,6 +145,10 @@ TEST_F(HandOff, NothingIsLostBetweenManySenders) {
         taken += ReceiveHandOff(event.Get(), files);
     for (std::thread& thread : threads)
         thread.join();
+    for (auto& some : list) {
+        for (XTempFile& path : some)
+            path.DeleteOwned();
+    }
     EXPECT_GT(taken, 1);
     EXPECT_GT(sent, senders);
     EXPECT_EQ(files.Count(), sent); // all paths differ
