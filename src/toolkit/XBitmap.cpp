@@ -2,6 +2,7 @@
 #include "toolkit/XBitmap.h"
 
 #include "foundation/XFile.h"
+#include "toolkit/XIconFile.h"
 #include "toolkit/XScreenDc.h"
 
 #include <olectl.h>
@@ -17,27 +18,6 @@ struct GlobalKind {
 };
 
 constexpr std::uint64_t shortestPicture = 8; // bytes
-
-// The directory of an icon or cursor file is followed without a look at the size of the file.
-bool IsIconOutOfBounds(const unsigned char* bytes, std::uint64_t sizeBytes) {
-    const auto word = [bytes](std::uint64_t at) { return bytes[at] | bytes[at + 1] << 8; };
-    const auto dword = [&word](std::uint64_t at) {
-        return static_cast<std::uint64_t>(word(at)) | static_cast<std::uint64_t>(word(at + 2)) << 16;
-    };
-    if (word(0) != 0 || (word(2) != 1 && word(2) != 2))
-        return false;
-    const int count = word(4);
-    constexpr std::uint64_t headBytes = 6, entryBytes = 16;
-    if (count == 0 || headBytes + entryBytes * static_cast<unsigned>(count) > sizeBytes)
-        return true;
-    for (int i = 0; i < count; ++i) {
-        const std::uint64_t entry = headBytes + entryBytes * static_cast<unsigned>(i);
-        const std::uint64_t size = dword(entry + 8), offset = dword(entry + 12);
-        if (size < sizeof(BITMAPINFOHEADER) || offset + size > sizeBytes)
-            return true;
-    }
-    return false;
-}
 
 // A copy of the bytes in movable memory.
 XOwned<GlobalKind> GlobalCopy(const void* bytes, std::uint64_t sizeBytes) {
@@ -131,7 +111,7 @@ void XBitmap::Decode(const void* bytes, std::uint64_t sizeBytes) {
     Free();
     if (!bytes || sizeBytes < shortestPicture || sizeBytes > std::numeric_limits<LONG>::max())
         return;
-    if (IsIconOutOfBounds(static_cast<const unsigned char*>(bytes), sizeBytes))
+    if (IsBrokenIconFile(static_cast<const unsigned char*>(bytes), sizeBytes))
         return;
     const XOwned<GlobalKind> memory = GlobalCopy(bytes, sizeBytes);
     XCom<IStream> stream;

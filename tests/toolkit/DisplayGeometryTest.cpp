@@ -1,9 +1,13 @@
 // What display lists compute before they draw: places, colours, sizes, shortened texts.
 #include "toolkit/XGradientColours.h"
+#include "toolkit/XIconFile.h"
 #include "toolkit/XListMeasure.h"
 #include "toolkit/XTextFit.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 namespace {
 struct PlaceRow {
@@ -161,6 +165,48 @@ TEST(DisplayGeometry, ListsMeasureTheirRecords) {
         measure.Finish(row.padRight, row.padBottom, row.minWidth, row.minHeight);
         EXPECT_EQ(measure.Width, row.width) << &row - measureRows;
         EXPECT_EQ(measure.Height, row.height) << &row - measureRows;
+    }
+}
+
+TEST(DisplayGeometry, IconFilesMustStayWithinTheirBytes) {
+    // One picture of 2 by 2 with 32 bits: 40 bytes of head, 16 of colours, 8 of mask.
+    std::string sound("\0\0\1\0\1\0\2\2\0\0\1\0 \0@\0\0\0\x16\0\0\0(\0\0\0\2\0\0\0\4\0\0\0\1\0 \0", 38);
+    sound.resize(22 + 64);
+    struct Row {
+        const char* name;
+        std::size_t at;
+        std::string with;
+        bool broken;
+    };
+    const Row rows[] = {
+        {"sound", 0, "", false},
+        {"no icon", 0, "B", false},
+        {"a cursor", 2, std::string(1, 2), false},
+        {"another kind", 2, std::string(1, 3), true},
+        {"no pictures", 4, std::string(1, 0), true},
+        {"more than there are", 4, "\xFF\xFF", true},
+        {"starts behind the end", 18, "\x17", true},
+        {"longer than the file", 14, "A", true},
+        {"shorter than its head", 14, "'", true},
+        {"as large as can be", 14, "\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", true},
+        {"a PNG is not looked into", 22, "\x89PNG", false},
+        {"another head", 22, "\x10", true},
+        {"wider than its bytes", 26, std::string(1, 3), true},
+        {"higher than its bytes", 30, std::string(1, 6), true},
+        {"sides that multiply to nothing", 26, std::string("\0\0\0\x80\0\0\0\x80", 8), true},
+        {"no depth", 36, std::string(1, 0), true},
+        {"a palette that is not there", 36, std::string(1, 8), true},
+    };
+    for (const Row& row : rows) {
+        std::string bytes = sound;
+        bytes.replace(row.at, row.with.size(), row.with);
+        const std::vector<unsigned char> exact(bytes.begin(), bytes.end());
+        EXPECT_EQ(IsBrokenIconFile(exact.data(), exact.size()), row.broken) << row.name;
+    }
+    for (std::size_t size = 0; size < sound.size(); ++size) { // read nowhere behind the end
+        const std::vector<unsigned char> cut(sound.begin(),
+                                             sound.begin() + static_cast<std::ptrdiff_t>(size));
+        EXPECT_EQ(IsBrokenIconFile(cut.data(), cut.size()), size >= 6) << size;
     }
 }
 } // namespace
