@@ -5,6 +5,7 @@ set -e
 out=$1
 mkdir -p "$out"
 font=/usr/share/wine/fonts/tahoma.ttf # the font of our forms
+[ -e "$font" ] || font=$WINDIR/Fonts/tahoma.ttf
 
 # ---- The picture of the overwrite form: one file before another, and a warning
 
