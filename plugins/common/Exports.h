@@ -47,13 +47,3 @@ const wchar_t* RemovePanel(ZtInstance instance, void* parent) noexcept {
     return GuardedCall<Plugin>(instance, static_cast<const wchar_t*>(nullptr),
                                [&](Plugin& plugin) { return plugin.panel.Remove(parent); });
 }
-
-// The settings panel's side of a plug-in that has no panel yet: what was shown comes back.
-class SettingsPanel {
-public:
-    void Show(const wchar_t* text) { settings = text; }
-    [[nodiscard]] const wchar_t* Text() const noexcept { return settings; }
-
-private:
-    XString settings;
-};

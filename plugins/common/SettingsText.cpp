@@ -12,15 +12,6 @@ XString WithoutQuotes(const XString& value) {
 
 } // namespace
 
-SettingsText::SettingsText(const wchar_t* text) {
-    XKeyValueList all(text);
-    for (std::int64_t i = 0; i < all.keys.Count(); ++i)
-        if (!list.Has(all.keys[i])) {
-            list.keys.AddString(all.keys[i]);
-            list.values.AddString(all.values[i]);
-        }
-}
-
 XString SettingsText::Value(const wchar_t* name) const {
     XString value;
     list.GetValue(name, value);
@@ -57,20 +48,22 @@ bool SettingsText::Flag(const wchar_t* name) const {
 }
 
 void SettingsText::Put(const wchar_t* name, const XString& value, const wchar_t* fallback) {
-    if (Has(name) && Value(name).EqualsNoCase(value))
-        return;
+    const bool isNew = !Has(name) || !Value(name).EqualsNoCase(value);
     const XString clean = WithoutQuotes(value);
-    if (clean.EqualsNoCase(fallback)) {
+    if (isNew && clean.EqualsNoCase(fallback)) {
         Remove(name);
         return;
     }
-    for (std::int64_t i = 0; i < list.keys.Count(); ++i)
-        if (list.keys[i].EqualsNoCase(name)) {
-            list.values[i] = clean;
-            return;
-        }
-    list.keys.AddString(name);
-    list.values.AddString(clean);
+    std::int64_t at = 0;
+    while (at < list.keys.Count() && !list.keys[at].EqualsNoCase(name))
+        ++at;
+    RemoveFrom(at + 1, name);
+    if (at == list.keys.Count()) {
+        list.keys.AddString(name);
+        list.values.AddString(clean);
+    } else if (isNew) {
+        list.values[at] = clean;
+    }
 }
 
 void SettingsText::PutNumber(const wchar_t* name, int value, int fallback) {
@@ -79,17 +72,21 @@ void SettingsText::PutNumber(const wchar_t* name, int value, int fallback) {
 
 void SettingsText::PutFlag(const wchar_t* name, bool on) {
     const XString value = Value(name);
-    if (on == Flag(name) && (value.IsEmpty() || value == L"0" || value == L"1"))
-        return;
-    Remove(name);
-    if (on) {
-        list.keys.AddString(name);
-        list.values.AddString(L"");
-    }
+    const bool isGood = value.IsEmpty() || value == L"0" || value == L"1";
+    if (Has(name) && on == Flag(name) && isGood)
+        Put(name, value, value); // as it stands
+    else if (on)
+        Put(name, L"", L"-"); // no fallback: the name alone
+    else
+        Remove(name);
 }
 
 void SettingsText::Remove(const wchar_t* name) {
-    for (std::int64_t i = list.keys.Count() - 1; i >= 0; --i)
+    RemoveFrom(0, name);
+}
+
+void SettingsText::RemoveFrom(std::int64_t index, const wchar_t* name) {
+    for (std::int64_t i = list.keys.Count() - 1; i >= index; --i)
         if (list.keys[i].EqualsNoCase(name)) {
             list.keys.DeleteAt(i);
             list.values.DeleteAt(i);

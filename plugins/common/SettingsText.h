@@ -5,11 +5,12 @@
 
 #include <cstdint>
 
-// Never fails: of options that stand twice the first counts, bare words vanish, and a value that
-// makes no sense reads as the fallback. Parsing what Text gave gives the same text again.
+// Never fails: of options that stand twice the first counts and the others go once it is put, bare
+// words vanish, and a value that makes no sense reads as the fallback. Text of what Text gave is that
+// text again.
 class SettingsText {
 public:
-    explicit SettingsText(const wchar_t* text = L"");
+    explicit SettingsText(const wchar_t* text) : list(text) {}
 
     [[nodiscard]] bool Has(const wchar_t* name) const { return list.Has(name); }
     [[nodiscard]] XString Value(const wchar_t* name) const; // empty if it is absent
@@ -33,6 +34,7 @@ public:
 
 private:
     [[nodiscard]] int Word(const wchar_t* name, const wchar_t* const* words, int count) const;
+    void RemoveFrom(std::int64_t index, const wchar_t* name);
 
     XKeyValueList list;
 };

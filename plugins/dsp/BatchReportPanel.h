@@ -1,18 +1,12 @@
 // The panel of "Batch Report": the path of the report.
 #pragma once
 
-#include "plugins/common/PanelWindow.h"
-#include "plugins/dsp/PanelIds.h"
+#include "plugins/dsp/FilePanel.h"
 
-class BatchReportPanel final : public PanelWindow {
+class BatchReportPanel final : public FilePanel {
 public:
-    BatchReportPanel() noexcept : PanelWindow(ID_PANEL) {}
+    BatchReportPanel() noexcept;
 
 protected:
-    void Fill(const SettingsText& settings) override;
-    void Collect(SettingsText& settings) override;
     void OnChanged(int id) override;
-
-private:
-    XString filled; // the path as the control showed it first
 };

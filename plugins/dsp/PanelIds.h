@@ -4,7 +4,6 @@
 #define ID_PANEL 100 // each library has one
 
 #define ID_SUMMARY 110
-
-// Batch Report
-#define ID_REPORT_FILE 120
-#define ID_REPORT_BROWSE 121
+#define ID_FILE 120
+#define ID_BROWSE 121
+#define ID_PLAYLIST_ABSOLUTE 122

@@ -27,8 +27,7 @@ void FlacPanel::OnChanged(int) {
     const int level = Slider(ID_FLAC_LEVEL);
     const XString levelText = L"Level " + DecimalText(level) + L", " + levelTexts[level];
     SetText(ID_FLAC_LEVEL_TEXT, levelText);
-    XString summary = L"Every level keeps the sound bit by bit; music comes to about 60 % of its size as a "
-                      L"wave file.";
+    XString summary = L"Every level keeps the sound bit by bit; music comes to about 60 % of a wave file.";
     if (IsChecked(ID_FLAC_VERIFY))
         summary += L" A file that does not decode to its source counts as failed.";
     SetText(ID_SUMMARY, summary);

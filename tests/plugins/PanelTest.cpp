@@ -1,0 +1,275 @@
+// The panels of the real libraries on a dialog: what they show, what they give back, and that keys and
+// screen readers find their way.
+#include "PanelHost.h"
+#include "plugins/dsp/PanelIds.h"
+#include "plugins/encoder/PanelIds.h"
+#include "tests/support/HandleReach.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+constexpr wchar_t wave[] = L"encoder\\Wave";
+constexpr wchar_t report[] = L"DSPs\\Batch Report";
+constexpr wchar_t playlist[] = L"DSPs\\Playlist Writer";
+#ifdef TM_HAS_CODECS
+constexpr wchar_t flac[] = L"encoder\\FLAC";
+constexpr wchar_t mp3[] = L"encoder\\mp3 (Lame)";
+constexpr const wchar_t* libraries[] = {wave, flac, mp3, report, playlist};
+#else
+constexpr const wchar_t* libraries[] = {wave, report, playlist};
+#endif
+
+// Labels, boxes and buttons whose text is larger than they are. Two pixels of a line may be missing
+// below: they are its leading.
+void ExpectNothingCut(HWND panel) {
+    for (HWND child = GetWindow(panel, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        const XString kind = ClassOf(child), text = WindowText(child);
+        RECT place{}, panelPlace{}, inside{};
+        GetWindowRect(child, &place);
+        GetWindowRect(panel, &panelPlace);
+        EXPECT_TRUE((UnionRect(&inside, &place, &panelPlace) && EqualRect(&inside, &panelPlace)) ||
+                    kind.EqualsNoCase(L"ComboBox"))
+            << testing::PrintToString(text) << " lies outside";
+        if (!kind.EqualsNoCase(L"Static") && !kind.EqualsNoCase(L"Button"))
+            continue;
+        const HDC dc = GetDC(child);
+        const HGDIOBJ old =
+            SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(child, WM_GETFONT, 0, 0)));
+        RECT needed{0, 0, place.right - place.left, 0};
+        const bool isBox = kind.EqualsNoCase(L"Button");
+        if (isBox)
+            needed.right -= 16; // the mark or the frame
+        const LONG width = needed.right;
+        DrawTextW(dc, text, -1, &needed, DT_CALCRECT | (isBox ? DT_SINGLELINE : DT_WORDBREAK));
+        SelectObject(dc, old);
+        ReleaseDC(child, dc);
+        EXPECT_LE(needed.right, width) << testing::PrintToString(text);
+        EXPECT_LE(needed.bottom, place.bottom - place.top + 2) << testing::PrintToString(text);
+    }
+}
+
+struct PassRow {
+    const wchar_t* library;
+    const wchar_t* settings;
+    const wchar_t* expected = nullptr; // null: the same
+    bool isForeign = false;            // options that the encoder refuses, and names when it does
+};
+
+constexpr PassRow passRows[] = {
+    {wave, L""},
+    {wave, L"-format=\"24\" -rate=\"48000\" -channels=\"2\""},
+    {wave, L"-FORMAT=\"Float\" -rate=\"source\""},
+    {wave, L"-rate=\"12345\" -channels=\"6\" -format=\"8\""},
+    {wave, L"-rate 999 -channels=\"99\"", L"-rate=\"1000\" -channels=\"8\""},
+    {wave, L"-format=\"64\" -rate=\"fast\" -channels=\"-1\"", L"-channels=\"1\""},
+    {wave, L"-format=\"32\" -dither=\"on\"", nullptr, true},
+    {wave, L"rubbish \" = \"\"", L""},
+    {report, L""},
+    {report, L"-file=\"C:\\Musik \x00E4\x4E2D\\{qt} & report.txt\" -other"},
+    {report, L"-file=\"two\r\nlines\tand more\""},
+    {playlist, L""},
+    {playlist, L"-absolute -file=\"..\\my list.m3u\""},
+    {playlist, L"-file -absolute=\"0\""},
+#ifdef TM_HAS_CODECS
+    {flac, L""},
+    {flac, L"-level=\"0\" -verify=\"0\""},
+    {flac, L"-verify -level=\"8\""},
+    {flac, L"-level=\"99\" -verify=\"yes\"", L"-level=\"8\" -verify"},
+    {flac, L"-level=\"x\" -level=\"3\"", L""},
+    {mp3, L""},
+    {mp3, L"-vbr=\"0\" -mode=\"mono\""},
+    {mp3, L"-mode=\"Stereo\" -cbr=\"320\""},
+    {mp3, L"-cbr=\"100\""},
+    {mp3, L"-abr=\"8\" -mode=\"joint\""},
+    {mp3, L"-vbr=\"2\""},
+    {mp3, L"-vbr=\"10\"", L"-vbr=\"9\""},
+    {mp3, L"-abr=\"999\" -cbr=\"x\" -vbr=\"1\"", L"-abr=\"310\""},
+    {mp3, L"-cbr -abr -mode=\"quad\"", L""},
+    {mp3, L"-q=\"0\" -vbr=\"4\"", nullptr, true},
+#endif
+};
+
+TEST(Panel, GivesBackWhatItWasGiven) {
+    for (const PassRow& row : passRows) {
+        SCOPED_TRACE(testing::PrintToString(XString(row.library) + L": " + row.settings));
+        const XString expected = row.expected ? row.expected : row.settings;
+        PanelHost host;
+        PanelDriver driver(row.library);
+        ASSERT_NE(driver.instance, nullptr);
+        for (const XString& settings : {XString(row.settings), expected}) {
+            const HWND panel = driver.Show(host, settings);
+            ASSERT_TRUE(IsWindowVisible(panel));
+            ExpectNothingCut(panel);
+            EXPECT_EQ(driver.Live(), expected);
+            EXPECT_TRUE(IsWindow(panel));
+            EXPECT_EQ(driver.Remove(host.window), expected);
+            EXPECT_FALSE(IsWindow(panel));
+        }
+        EXPECT_EQ(driver.Accepts(expected), !row.isForeign);
+    }
+}
+
+struct ChangeRow {
+    const wchar_t* library;
+    const wchar_t* settings;
+    int control;
+    const wchar_t* typed; // characters for an edit control, or null
+    WPARAM key;           // 0: a click
+    int times;
+    const wchar_t* expected;
+    const wchar_t* summary = nullptr;
+};
+
+constexpr ChangeRow changeRows[] = {
+    {wave, L"", ID_WAVE_FORMAT, nullptr, VK_DOWN, 3, L"-format=\"24\""},
+    {wave, L"-x=\"y\" -format=\"8\"", ID_WAVE_FORMAT, nullptr, VK_HOME, 1, L"-x=\"y\""},
+    {wave, L"-format=\"16\" -rate=\"44100\"", ID_WAVE_CHANNELS, nullptr, VK_END, 1,
+     L"-format=\"16\" -rate=\"44100\" -channels=\"2\"", L"16 bit, 44100 Hz, stereo: 10.6 MB a minute"},
+    {wave, L"-rate=\"12345\"", ID_WAVE_RATE, nullptr, VK_UP, 1, L"-rate=\"11025\""},
+    {report, L"-file=\"C:\\a\"", ID_FILE, L" \"D:\\b\" ", 0, 0, L"-file=\"D:\\b\""},
+    {report, L"-file=\"C:\\a\"", ID_FILE, L" ", 0, 0, L"", L"Without a file no report is written."},
+    {playlist, L"", ID_FILE, L"a.m3u8", 0, 0, L"-file=\"a.m3u8\""},
+    {playlist, L"-file=\"a.m3u8\"", ID_FILE, L"playlist.m3u8", 0, 0, L""},
+    {playlist, L"-file=\"a\"", ID_PLAYLIST_ABSOLUTE, nullptr, 0, 1, L"-file=\"a\" -absolute"},
+#ifdef TM_HAS_CODECS
+    {flac, L"", ID_FLAC_LEVEL, nullptr, VK_LEFT, 2, L"-level=\"3\""},
+    {flac, L"-level=\"8\"", ID_FLAC_VERIFY, nullptr, 0, 1, L"-level=\"8\" -verify"},
+    {mp3, L"", ID_MP3_QUALITY, nullptr, VK_RIGHT, 1, L"-vbr=\"1\"",
+     L"Variable bit rate, very high quality: about 225 kbit/s, stereo"},
+    {mp3, L"-cbr=\"128\"", ID_MP3_VBR, nullptr, 0, 1, L""},
+    {mp3, L"-vbr=\"0\"", ID_MP3_CBR, nullptr, 0, 1, L"-cbr=\"192\"",
+     L"Constant bit rate: 192 kbit/s, stereo"},
+    {mp3, L"-abr=\"100\"", ID_MP3_RATE, nullptr, VK_DOWN, 1, L"-abr=\"112\"",
+     L"Average bit rate: about 112 kbit/s, stereo"},
+    {mp3, L"", ID_MP3_MODE, nullptr, VK_END, 1, L"-mode=\"mono\"",
+     L"Variable bit rate, very high quality: about 114 kbit/s, mono"},
+#endif
+};
+
+TEST(Panel, TakesWhatTheUserChanges) {
+    for (const ChangeRow& row : changeRows) {
+        SCOPED_TRACE(testing::PrintToString(XString(row.library) + L" to " + row.expected));
+        PanelHost host;
+        PanelDriver driver(row.library);
+        const HWND panel = driver.Show(host, row.settings);
+        const HWND control = GetDlgItem(panel, row.control);
+        for (int i = 0; i < row.times; ++i)
+            SendMessageW(control, row.key ? WM_KEYDOWN : BM_CLICK, row.key, 0);
+        if (row.typed) {
+            SendMessageW(control, EM_SETSEL, 0, -1);
+            for (const wchar_t* at = row.typed; *at; ++at)
+                SendMessageW(control, WM_CHAR, *at, 0);
+        }
+        ExpectNothingCut(panel);
+        if (row.summary) {
+            EXPECT_EQ(WindowText(GetDlgItem(panel, ID_SUMMARY)), XString(row.summary));
+        }
+        EXPECT_EQ(driver.Live(), XString(row.expected));
+        EXPECT_EQ(driver.Remove(host.window), XString(row.expected));
+    }
+}
+
+TEST(Panel, IsReachedByKeysWhereItStands) {
+    for (const wchar_t* library : libraries) {
+        SCOPED_TRACE(testing::PrintToString(XString(library)));
+        PanelHost host;
+        PanelDriver driver(library);
+        SetFocus(host.above);
+        const HWND panel = driver.Show(host, L"");
+        EXPECT_EQ(GetFocus(), host.above);
+        const std::vector<HWND> stops = TabStops(host.window);
+        ASSERT_GE(stops.size(), 4u);
+        EXPECT_EQ(stops.front(), host.above);
+        EXPECT_EQ(stops.back(), host.below);
+        XString accessKeys;
+        for (HWND child = GetWindow(panel, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+            const XString text = WindowText(child).Lower();
+            if (const int mark = text.FindChar(L'&'); mark > 0 && IsWindowVisible(child)) {
+                EXPECT_EQ(accessKeys.FindChar(text.CharAt(mark + 1)), 0) << testing::PrintToString(text);
+                accessKeys.InsertChar(text.CharAt(mark + 1));
+            }
+        }
+        for (std::size_t i = 1; i + 1 < stops.size(); ++i) {
+            host.PressKey(VK_TAB);
+            EXPECT_EQ(GetFocus(), stops[i]);
+            EXPECT_TRUE(IsChild(panel, stops[i]));
+            // A screen reader takes the name from the control or from the label before it.
+            HWND label = stops[i];
+            while (label && WindowText(label).FindChar(L'&') == 0)
+                label = GetWindow(label, GW_HWNDPREV);
+            ASSERT_NE(label, nullptr);
+            if (label != stops[i]) {
+                EXPECT_EQ(ClassOf(label).Lower(), XString(L"static"));
+                EXPECT_EQ(GetNextDlgTabItem(panel, label, FALSE), stops[i]);
+            }
+        }
+    }
+}
+
+TEST(Panel, SpeaksTheFontOfItsForm) {
+    for (const wchar_t* library : libraries)
+        for (const int points : {8, 11}) {
+            PanelHost host(points, L"Tahoma");
+            PanelDriver driver(library);
+            const HWND panel = driver.Show(host, L"");
+            RECT place{};
+            GetWindowRect(panel, &place);
+            MapWindowPoints(nullptr, host.window, reinterpret_cast<POINT*>(&place), 2);
+            const RECT expected = host.InPixels(21, 33, 300, 120);
+            EXPECT_EQ(place.left, expected.left);
+            EXPECT_EQ(place.top, expected.top);
+            EXPECT_EQ(place.right, expected.right);
+            EXPECT_LE(place.bottom, expected.bottom);
+            ExpectNothingCut(panel);
+        }
+}
+
+TEST(Panel, SurvivesTheEndOfItsForm) {
+    for (const wchar_t* library : libraries) {
+        PanelDriver driver(library), other(library);
+        HWND panel = nullptr;
+        {
+            PanelHost host, otherHost;
+            panel = driver.Show(host, L"-x=\"1\"");
+            other.Show(otherHost, L"-x=\"2\"");
+            EXPECT_EQ(driver.Live(), XString(L"-x=\"1\""));
+        }
+        EXPECT_FALSE(IsWindow(panel));
+        EXPECT_EQ(driver.Remove(nullptr), XString(L"-x=\"1\""));
+        EXPECT_EQ(other.Live(), XString(L"-x=\"2\""));
+        PanelHost host;
+        const HWND first = driver.Show(host, L"-x=\"3\"");
+        panel = driver.Show(host, L"-x=\"4\""); // in place of the first
+        EXPECT_FALSE(first != panel && IsWindow(first));
+        EXPECT_EQ(driver.Live(), XString(L"-x=\"4\""));
+        driver.Destroy();
+        EXPECT_FALSE(IsWindow(panel));
+    }
+}
+
+TEST(Panel, LeavesNoHandleBehind) {
+    constexpr DWORD openings = 50;
+    PanelHost host;
+    std::vector<std::unique_ptr<PanelDriver>> drivers;
+    for (const wchar_t* library : libraries)
+        drivers.push_back(std::make_unique<PanelDriver>(library));
+    const auto open = [&] {
+        for (const auto& driver : drivers) {
+            driver->Show(host, L"");
+            (void)driver->Remove(host.window);
+        }
+    };
+    open(); // what the system keeps from the first time
+    const HandleReach before;
+    for (DWORD i = 0; i < openings; ++i)
+        open();
+    const HandleReach after;
+    EXPECT_LT(after.gdi, before.gdi + openings);
+    EXPECT_LT(after.user, before.user + openings);
+    EXPECT_LT(after.kernel, before.kernel + openings);
+}
+
+} // namespace
