@@ -188,8 +188,7 @@ LRESULT XButtonGroup::OnParentMessage(HWND hwnd, UINT message, WPARAM wParam, LP
 bool XButtonGroup::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_MOUSEMOVE:
-        for (std::int64_t i = 0; i < Buttons.count; ++i)
-            static_cast<XButton*>(Buttons.items[i])->LastCursor = {INT_MIN, INT_MIN};
+        ForgetClicks();
         UpdateHover(PointOf(lParam));
         return false;
     case WM_TIMER:
@@ -212,6 +211,15 @@ bool XButtonGroup::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
         return false;
     default:
         return false;
+    }
+}
+
+// From now on a held button under the cursor shows the hover look.
+void XButtonGroup::ForgetClicks() {
+    for (std::int64_t i = 0; i < Buttons.count; ++i) {
+        auto& button = *static_cast<XButton*>(Buttons.items[i]);
+        if (std::exchange(button.LastCursor.x, INT_MIN) != INT_MIN && button.Toggle)
+            button.Redraw();
     }
 }
 

@@ -54,6 +54,7 @@ private:
     void StartTimer();
     void MakeWindow(XButton& button, const clButtonDesc& description);
     bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam);
+    void ForgetClicks();
     void UpdateHover();
     void UpdateHover(POINT cursor);
     void OnTick();
