@@ -103,7 +103,7 @@ TEST(XBitmap, DecodesPicturesAndRefusesTheRest) {
         {"gif", gif, 1, 1},
         {"nothing", "", 0, 0},
         {"seven bytes", bmp.substr(0, 7), 0, 0},
-        {"head alone", bmp.substr(0, 14), 0, 0},
+        {"head alone", bmp.substr(0, 14), -1, -1},
         {"text", "no picture at all, but long enough", 0, 0},
         {"half a gif", gif.substr(0, 20), -1, -1},
         {"half a bitmap", bmp.substr(0, bmp.size() / 2), -1, -1},
