@@ -252,3 +252,12 @@ void XValueList::CloseControl() {
     if (Control.Close() > 0)
         OnValueChanged(row);
 }
+
+XValueListFill::XValueListFill(XValueList& list) : list(list) {
+    SendMessageW(list.List, WM_SETREDRAW, FALSE, 0);
+}
+
+XValueListFill::~XValueListFill() {
+    SendMessageW(list.List, WM_SETREDRAW, TRUE, 0);
+    list.Redraw();
+}

@@ -212,6 +212,12 @@ LRESULT XValueList::OnParentMessage(HWND, UINT message, WPARAM wParam, LPARAM lP
     if (message == WM_COMMAND && lParam && reinterpret_cast<HWND>(lParam) == List) {
         OnListCommand(HIWORD(wParam));
         handled = 1;
+    } else if ((message == WM_CHARTOITEM || message == WM_VKEYTOITEM) &&
+               reinterpret_cast<HWND>(lParam) == List) {
+        // To search by itself, the list box wants -1, from a dialog's procedure as its own answer,
+        // which is this flag. A dialog's default of 0 would select the first row on any key.
+        handled = static_cast<std::uint32_t>(-1);
+        return -1;
     } else if (message == WM_PARENTNOTIFY && LOWORD(wParam) == WM_LBUTTONDOWN) {
         OnParentClick();
     } else if (DragMessage != 0 && message == DragMessage &&

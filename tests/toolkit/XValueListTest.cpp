@@ -1,0 +1,315 @@
+// The rows of a value list: their texts, drawing, states and order.
+#include "../support/HandleReach.h"
+#include "ValueListForm.h"
+
+#include "toolkit/XFont.h"
+#include "toolkit/XValueMasks.h"
+
+#include <array>
+#include <cstdio>
+
+namespace {
+HICON SolidIcon(COLORREF colour) {
+    constexpr int size = 9;
+    std::array<std::uint32_t, size * size> pixels;
+    pixels.fill((colour & 0xFF) << 16 | (colour & 0xFF00) | colour >> 16);
+    const std::array<std::uint8_t, 2 * size> solid{};
+    ICONINFO info{TRUE, 0, 0, CreateBitmap(size, size, 1, 1, solid.data()),
+                  CreateBitmap(size, size, 1, 32, pixels.data())};
+    const HICON icon = CreateIconIndirect(&info);
+    DeleteObject(info.hbmMask);
+    DeleteObject(info.hbmColor);
+    return icon;
+}
+
+constexpr COLORREF onColour = 0x0000FF, offColour = 0x00FF00, onDisabledColour = 0x000080;
+constexpr COLORREF offDisabledColour = 0x008000, background = 0xFFFFFF;
+
+class XValueListTest : public testing::Test {
+protected:
+    void SetUp() override { form.Open(); }
+    void Add(std::uint32_t kind, const wchar_t* caption, const wchar_t* value, int position = -1) {
+        clValueRowDesc description;
+        description.Kind = kind;
+        description.Caption = caption;
+        description.Value = value;
+        form.list.AddRow(description, position);
+    }
+    XString ListText(int row) {
+        wchar_t text[100] = L"";
+        SendMessageW(form.list.List, LB_GETTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text));
+        return text;
+    }
+    std::string Order() { // of rows and of the list box's own entries, by their first letter
+        std::string order, own;
+        for (int row = 0; row < form.list.RowCount(); ++row) {
+            order += static_cast<char>(form.Row(row).Caption.CharAt(1));
+            own += static_cast<char>(ListText(row).CharAt(1));
+        }
+        return order == own ? order : order + " but " + own;
+    }
+    // Paints the row as the list box would ask for it, at 400 by 21, and answers a pixel.
+    COLORREF Draw(int row, UINT state, int x = 0, int y = 10) {
+        XBitmap canvas;
+        canvas.Create(nullptr, 400, 21);
+        DRAWITEMSTRUCT draw{};
+        draw.itemID = static_cast<UINT>(row);
+        draw.itemState = state;
+        draw.hwndItem = form.list.List;
+        draw.hDC = canvas.Dc;
+        draw.rcItem = {0, 0, 400, 21};
+        SendMessageW(form.Hwnd, WM_DRAWITEM, form.list.ControlId, reinterpret_cast<LPARAM>(&draw));
+        return GetPixel(canvas.Dc, x, y);
+    }
+    void SetSomeIcons(bool withDisabled) {
+        clValueIcons icons;
+        icons.CheckOn = SolidIcon(onColour);
+        icons.CheckOff = SolidIcon(offColour);
+        icons.RadioOn = SolidIcon(onColour);
+        icons.RadioOff = SolidIcon(offColour);
+        if (withDisabled) {
+            icons.CheckOnDisabled = SolidIcon(onDisabledColour);
+            icons.CheckOffDisabled = SolidIcon(offDisabledColour);
+            icons.RadioOnDisabled = SolidIcon(onDisabledColour);
+            icons.RadioOffDisabled = SolidIcon(offDisabledColour);
+        }
+        form.list.SetIcons(icons);
+    }
+    ValueListForm form;
+};
+
+TEST_F(XValueListTest, IsMadeWithAnIdOfItsOwnAndItsRowHeight) {
+    EXPECT_EQ(static_cast<std::uint32_t>(GetDlgCtrlID(form.list.List)), form.list.ControlId);
+    const auto since =
+        GetTickCount() -
+        (form.list.ControlId - static_cast<std::uint32_t>(reinterpret_cast<ULONG_PTR>(form.list.List)));
+    EXPECT_LT(since, 60000u);
+    EXPECT_EQ(SendMessageW(form.list.List, LB_GETITEMHEIGHT, 0, 0), ScaleToDpi(ValueListForm::rowHeight));
+    EXPECT_EQ(GetWindowLongW(form.list.List, GWL_STYLE) & 0xFFFF, 0x0551);
+    EXPECT_EQ(SendMessageW(form.list.List, WM_GETFONT, 0, 0), SendMessageW(form.Hwnd, WM_GETFONT, 0, 0));
+}
+
+struct TextRow {
+    std::uint32_t kind;
+    const wchar_t *caption, *value, *listed, *shownCaption, *shownValue, *shownLater;
+};
+constexpr TextRow textRows[] = {
+    {0, L"a", L"b", L"a: b", L"a", L"b", L"later"},
+    {1, L"a", L"b", L"a: b", L"a", L"b", L"b"},
+    {2, L"", L"b", L"b", L"", L"b", L"later"},
+    {3, L"a", L"", L"a", L"a", L"", L"later"},
+    {5, L"a", L"b\rc", L"a: b\rc", L"a", L"b...", L"later"},
+    {6, L"a", L"\r\nb", L"a: \r\nb", L"a", L"...", L"later"},
+    {7, L"a", L"b", L"a: b", L"a", L"b", L"later"},
+    {8, L"a", L"1", L"a: 1", L"a", L"", L""},
+    {9, L"a", L"", L"a", L"a", L"", L""},
+};
+
+TEST_F(XValueListTest, ListsAndShowsTextsByKind) {
+    for (const TextRow& row : textRows) {
+        form.list.Clear();
+        Add(row.kind, row.caption, row.value);
+        EXPECT_EQ(ListText(0), XString(row.listed)) << row.kind;
+        Draw(0, 0);
+        XArray<clDLText>& texts = form.Row(0).Records.Texts;
+        EXPECT_EQ(texts[0].Text, XString(row.shownCaption)) << row.kind;
+        EXPECT_EQ(texts[1].Text, XString(row.shownValue)) << row.kind;
+        form.Row(0).Value = L"later";
+        Draw(0, 0);
+        EXPECT_EQ(texts[1].Text, XString(row.shownLater)) << row.kind;
+    }
+}
+
+TEST_F(XValueListTest, KeepsCaptionValueAndButtonApart) {
+    clValueRowDesc description;
+    description.Caption = L"name";
+    description.CaptionX = 10;
+    description.ValueX = 100;
+    description.ButtonText = L"Settings";
+    form.list.AddRow(description);
+    XArray<clDLText>& texts = form.Row(0).Records.Texts;
+    EXPECT_EQ(texts[0].MaxWidth, 0);
+    form.Row(0).Value = L"a long text of settings that reaches as far as the button and beyond it by much";
+    Draw(0, 0);
+    EXPECT_EQ(texts[0].MaxWidth, 90);
+    XBitmap canvas;
+    canvas.Create(nullptr, 1, 1);
+    XFont font;
+    font.Create(canvas.Dc, nullptr, 13);
+    EXPECT_EQ(texts[1].MaxWidth, 400 - 100 - font.Width(nullptr, L"[ Settings ]") - 7);
+    Draw(0, ODS_SELECTED);
+    EXPECT_EQ(texts[1].MaxWidth, 300);
+    form.Row(0).ValueWidth = 20; // less than the button: nothing of the value shows
+    Draw(0, 0);
+    EXPECT_EQ(texts[1].MaxWidth, 1);
+}
+
+TEST_F(XValueListTest, PaintsItsStates) {
+    Add(valuePlain, L"", L"");
+    Add(valueBanner, L"", L"");
+    Add(valuePlain, L"a", L"b");
+    form.Row(2).Disabled = true;
+    EXPECT_EQ(Draw(0, 0, 1, 0), background);
+    EXPECT_EQ(Draw(0, ODS_SELECTED, 1, 0), 0xEBD8A8u);  // the box
+    EXPECT_EQ(Draw(0, ODS_SELECTED, 50, 2), 0xF7F4ECu); // and the gradient in it
+    EXPECT_EQ(Draw(0, ODS_SELECTED, 399, 3), 0xEBD8A8u);
+    EXPECT_NE(Draw(0, ODS_FOCUS, 3, 2), Draw(0, ODS_FOCUS, 4, 2)); // dots of the focus frame
+    EXPECT_NE(Draw(1, 0, 398, 1), background);
+    EXPECT_EQ(Draw(7, 0, 50, 10), background); // no such row
+    Draw(2, 0);
+    EXPECT_EQ(form.Row(2).Records.Texts[0].Colour, 0u); // pale only while painting
+    EXPECT_EQ(form.Row(2).Records.ActiveMask,
+              maskNotSelected | maskNotFocused | maskDisabled | maskCaptionShown | maskValueShown);
+}
+
+struct CheckRow {
+    std::uint32_t kind;
+    const wchar_t* value;
+    bool disabled, withDisabledIcons;
+    COLORREF icon;
+};
+constexpr CheckRow checkRows[] = {
+    {8, L"1", false, true, onColour},         {8, L"", false, true, offColour},
+    {8, L"2", false, true, onColour},         {8, L"0", false, true, offColour},
+    {8, L"1", true, true, onDisabledColour},  {8, L"", true, true, offDisabledColour},
+    {9, L"-3", false, true, onColour},        {9, L"3", false, true, offColour},
+    {9, L"-3", true, true, onDisabledColour}, {9, L"3", true, true, offDisabledColour},
+    {8, L"1", true, false, onColour},         {9, L"3", true, false, offColour},
+    {5, L"1", false, true, background},
+};
+
+TEST_F(XValueListTest, ShowsChecksAndRadios) {
+    for (const CheckRow& row : checkRows) {
+        form.list.Clear();
+        SetSomeIcons(row.withDisabledIcons);
+        clValueRowDesc description;
+        description.Kind = row.kind;
+        description.Value = row.value;
+        description.Disabled = row.disabled;
+        description.CheckX = 40;
+        form.list.AddRow(description);
+        EXPECT_EQ(Draw(0, 0, 44), row.icon) << row.kind << " " << XString(row.value).ToNarrow();
+    }
+    SetSomeIcons(true); // rows that are there show the new icons
+    EXPECT_EQ(Draw(0, 0, 44), background);
+}
+
+TEST_F(XValueListTest, ChecksOneButtonOfAGroup) {
+    const wchar_t* values[] = {L"3", L"-3", L"-2", L"3", L""};
+    for (const wchar_t* value : values)
+        Add(valueRadio, L"", value);
+    Add(valueCheck, L"", L"");
+    Add(valuePlain, L"", L"-3");
+    const auto states = [this] {
+        std::string states;
+        for (int row = 0; row < form.list.RowCount(); ++row)
+            states +=
+                XString(form.Row(row).Value).ToNarrow() + std::string(form.list.IsChecked(row) ? "+ " : " ");
+        return states;
+    };
+    EXPECT_EQ(states(), "3 -3+ -2+ 3   -3 ");
+    form.list.SetChecked(0, true);
+    EXPECT_EQ(states(), "-3+ 3 -2+ 3   -3 ");
+    form.list.SetChecked(0, true);
+    form.list.SetChecked(2, false);
+    form.list.SetChecked(3, false);
+    form.list.SetChecked(5, true);
+    form.list.SetChecked(6, true);
+    form.list.SetChecked(7, true);
+    form.list.SetChecked(-1, true);
+    EXPECT_EQ(states(), "-3+ 3 2 3  1+ -3 ");
+    form.list.SetChecked(5, false);
+    EXPECT_EQ(states(), "-3+ 3 2 3   -3 ");
+}
+
+struct MoveCase {
+    int from, to;
+    const char* order;
+};
+constexpr MoveCase moveCases[] = {
+    {0, 2, "bacd"}, {0, 4, "bcda"},  {0, 99, "bcda"}, {2, 0, "cabd"}, {3, 1, "adbc"},  {1, 2, "abcd"},
+    {3, 4, "abcd"}, {3, 99, "abcd"}, {2, 2, "abcd"},  {4, 0, "abcd"}, {-1, 0, "abcd"}, {0, -1, "abcd"},
+};
+
+TEST_F(XValueListTest, MovesAddsAndRemovesRows) {
+    const wchar_t* captions[] = {L"a", L"b", L"c", L"d"};
+    for (const MoveCase& move : moveCases) {
+        form.list.Clear();
+        for (const wchar_t* caption : captions)
+            Add(valuePlain, caption, L"");
+        form.list.MoveRow(move.from, move.to);
+        EXPECT_EQ(Order(), move.order) << move.from << " " << move.to;
+    }
+    Add(valueEdit, L"e", L"", 4);
+    Add(valueEdit, L"f", L"", 0);
+    Add(valueEdit, L"g", L"", 7);
+    Add(valueEdit, L"g", L"", -2);
+    EXPECT_EQ(Order(), "fabcde");
+    form.list.SelectRow(5);
+    ASSERT_EQ(form.list.Control.Row, 5);
+    SetWindowTextW(form.list.Control.Window, L"typed");
+    RECT place{}, moved{};
+    GetWindowRect(form.list.Control.Window, &place);
+    form.list.RemoveRow(1); // the control goes up with its row
+    EXPECT_EQ(form.list.Control.Row, 4);
+    GetWindowRect(form.list.Control.Window, &moved);
+    EXPECT_EQ(moved.top, place.top - form.list.RowHeight);
+    form.list.RemoveRow(4);
+    EXPECT_EQ(form.list.SelectedRow(), -1); // it was the last
+    EXPECT_EQ(form.list.Control.Row, -1);
+    form.list.SelectRow(0);
+    form.list.RemoveRow(0);
+    EXPECT_EQ(form.list.SelectedRow(), 0);
+    form.list.RemoveRow(9);
+    EXPECT_EQ(Order(), "bcd");
+    form.list.SelectRow(99);
+    EXPECT_EQ(form.list.SelectedRow(), 0);
+    form.list.SelectRow(-1);
+    EXPECT_EQ(form.list.SelectedRow(), -1);
+}
+
+TEST_F(XValueListTest, ReleasesWhatItsRowsHold) {
+    SetSomeIcons(true);
+    const auto fill = [this](int selected) {
+        for (std::uint32_t kind = valueText; kind <= valueRadio; ++kind) {
+            clValueRowDesc description;
+            description.Kind = kind;
+            description.Caption = L"caption";
+            description.Value = L"1";
+            description.Icon = form.list.CheckOn.Get();
+            description.ButtonText = L"button";
+            form.list.AddRow(description);
+        }
+        form.list.SelectRow(selected);
+        UpdateWindow(form.list.List);
+        form.list.Clear();
+        form.Pump();
+    };
+    for (int row = 0; row < 10; ++row)
+        fill(row); // what the system keeps for each kind of control, and the image of one row
+    const HandleReach before;
+    for (int round = 0; round < 50; ++round)
+        fill(round % 10);
+    const HandleReach after;
+    EXPECT_EQ(after.gdi, before.gdi);
+    EXPECT_EQ(after.user, before.user);
+}
+
+TEST_F(XValueListTest, TakesThousandsOfRowsAtAnEvenPace) {
+    const auto fill = [this](int rows) {
+        form.list.Clear();
+        Add(valueEdit, L"edit", L"");
+        form.list.SelectRow(0); // the first addition closes this one's control
+        const DWORD start = GetTickCount();
+        const XValueListFill scope(form.list);
+        for (int i = 0; i < rows; ++i)
+            Add(i % 10, L"caption", L"value");
+        return GetTickCount() - start;
+    };
+    const DWORD few = fill(500);
+    const DWORD many = fill(5000);
+    std::printf("500 rows: %lu ms, 5000 rows: %lu ms\n", few, many);
+    EXPECT_EQ(SendMessageW(form.list.List, LB_GETCOUNT, 0, 0), 5001);
+    EXPECT_LT(many, 30 * (few + 10)); // ten times as many, and some room
+}
+} // namespace
