@@ -14,6 +14,8 @@ set_dpi() {
     tm_with_home wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f \
         >/dev/null 2>&1 </dev/null
 }
+TM_PROGRAM=Z:$(realpath build/Tonemill | tr / '\\')\\
+export TM_PROGRAM
 program=${TM_SCREENS:-build/windows/tests/screens/screens.exe}
 flag=$(mktemp -u)
 trap 'set_dpi 96; rm -f "$flag"; [ -n "${TM_WINE_RUNNING:-}" ] || tm_stop_wine' EXIT

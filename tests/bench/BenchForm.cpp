@@ -29,7 +29,7 @@ int BenchForm(int seconds) {
     RegWriteDword(1, Setting::skippedFinish);
     RegWriteDword(1, Setting::noDisplayError); // nobody is there to close it
     clFileList files;
-    const clConvertingSeams seams = PrepareReportingBatch(files, maximumSlots, maximumSlots, 1, seconds);
+    const clConvertingSeams seams = PrepareReportingBatch(files, {maximumSlots, maximumSlots, 1, seconds});
 
     const double before = ProcessorSeconds();
     const ULONGLONG started = GetTickCount64();

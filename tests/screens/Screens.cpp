@@ -4,6 +4,7 @@
 #include "../support/ReportingWorker.h"
 #include "engine/WorkerText.h"
 #include "foundation/XFileSystem.h"
+#include "host/PluginFolders.h"
 #include "host/Settings.h"
 #include "resources/ids.h"
 
@@ -11,6 +12,9 @@
 #include <cstdlib>
 
 namespace {
+
+constexpr wchar_t codec[] = L"FLAC";
+constexpr wchar_t effect[] = L"Playlist Writer";
 
 XString flag;
 
@@ -24,7 +28,7 @@ bool HoldForPicture() {
             CloseHandle(file);
     }
     if (isHeld && !IsFile(flag))
-        TerminateProcess(GetCurrentProcess(), 0); // workers end with it: they are in its job of pipes
+        TerminateProcess(GetCurrentProcess(), 0);
     return false;
 }
 
@@ -41,9 +45,15 @@ bool IsSpeedShown() {
     return form && !TextOf(form, ID_SPEED).IsEmpty();
 }
 
+bool IsMenuOpen() {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & GUI_INMENUMODE) != 0;
+}
+
 void RunReporting(int slots, std::vector<FormDriver::Step> steps) {
     clFileList files;
-    const clConvertingSeams seams = PrepareReportingBatch(files, 3 * slots, slots, 17, 120);
+    const clConvertingSeams seams = PrepareReportingBatch(files, {3 * slots, slots, 17, 120, codec, effect});
     steps.insert(steps.begin(), IsSpeedShown);
     steps.emplace_back(HoldForPicture);
     const FormDriver driver(std::move(steps), 60000);
@@ -68,7 +78,7 @@ void Paused() {
     RunReporting(2, {Press(ID_BUTTON_PAUSE)});
 }
 void OptionsMenu() {
-    RunReporting(2, {Press(ID_BUTTON_OPTIONS)});
+    RunReporting(2, {Press(ID_BUTTON_OPTIONS), IsMenuOpen});
 }
 void CancelQuestion() {
     RunReporting(2, {Press(ID_BUTTON_CANCEL), [] { return FindBox(L"Cancel Conversion?") != nullptr; }});
@@ -76,7 +86,7 @@ void CancelQuestion() {
 
 void Finished() {
     clFileList files;
-    clConvertingSeams seams = PrepareReportingBatch(files, 6, 2, 1, 0);
+    clConvertingSeams seams = PrepareReportingBatch(files, {6, 2, 1, 0, codec, effect});
     seams.launch = Complete;
     const FormDriver driver({[] { return FindForm(ID_BUTTON_FINISH) != nullptr; }, HoldForPicture}, 60000);
     const frmConverting form(files, seams);
@@ -106,6 +116,10 @@ int main(int count, char** arguments) {
     }
     if (count == 3) {
         const TestSettings settings;
+        if (const wchar_t* root = _wgetenv(L"TM_PROGRAM")) {
+            SetPluginRoot(root);
+            SetDllDirectoryW(root); // what the plug-ins import stands beside the program
+        }
         flag = XString(arguments[2]);
         for (const Screen& screen : screens)
             if (XString(screen.name) == XString(arguments[1]))

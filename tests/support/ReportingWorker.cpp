@@ -10,7 +10,7 @@
 namespace {
 
 constexpr wchar_t secondsVariable[] = L"TM_REPORT_SECONDS";
-constexpr wchar_t codecName[] = L"NoSuchEncoder";
+constexpr std::uint32_t sourceLengthMs = 240000;
 constexpr int reportsPerSecond = 20;
 constexpr DWORD reportIntervalMs = 1000 / reportsPerSecond;
 
@@ -69,17 +69,23 @@ int PlayReportingWorker() {
     return 0;
 }
 
-clConvertingSeams PrepareReportingBatch(clFileList& files, int count, int slots, int numberStep,
-                                        int seconds) {
-    SetEnvironmentVariableW(secondsVariable, DecimalText(seconds));
-    RegWriteString(codecName, Setting::lastCodec);
+clConvertingSeams PrepareReportingBatch(clFileList& files, const clReportingBatch& batch) {
+    SetEnvironmentVariableW(secondsVariable, DecimalText(batch.seconds));
+    RegWriteString(batch.codec, Setting::lastCodec);
     XString chain = L"-dspeffect1=\"Multi-CPU Force=-noally";
-    for (int i = 1; i <= slots; ++i)
+    for (int i = 1; i <= batch.slots; ++i)
         chain += L" -cpu" + DecimalText(i);
-    RegWriteString(chain + L"\"", Setting::effectChain, HKEY_CURRENT_USER,
-                   SettingsPath(XString(L"\\zTMCodec\\") + codecName));
-    for (int i = 0; i < count; ++i)
-        files.Append()->sourcePath = L"Q:\\Music\\Take " + DecimalText(1 + i * numberStep) + L".wav";
+    chain += L"\"";
+    if (batch.effect)
+        chain += XString(L" -dspeffect2=\"") + batch.effect + L"=\"";
+    RegWriteString(chain, Setting::effectChain, HKEY_CURRENT_USER,
+                   SettingsPath(XString(L"\\zTMCodec\\") + batch.codec));
+    for (int i = 0; i < batch.files; ++i) {
+        clFileItem* item = files.Append();
+        item->sourcePath = L"Q:\\Music\\Take " + DecimalText(1 + i * batch.numberStep) + L".wav";
+        item->format.lengthMs = sourceLengthMs; // as if it had been examined
+        item->SetStage(stageTags);
+    }
     clConvertingSeams seams;
     wchar_t self[MAX_PATH];
     GetModuleFileNameW(nullptr, self, MAX_PATH);

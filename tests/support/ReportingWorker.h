@@ -9,7 +9,13 @@
 // long as was told. The percent begins at the number that the source's name ends in.
 [[nodiscard]] int PlayReportingWorker();
 
-// Sets up a batch of such workers, `slots` at once, in the settings that are the current ones: `count`
-// files that do not exist, their numbers `numberStep` apart.
-[[nodiscard]] clConvertingSeams PrepareReportingBatch(clFileList& files, int count, int slots, int numberStep,
-                                                      int seconds);
+struct clReportingBatch {
+    int files = 1, slots = 1;
+    int numberStep = 1; // from the number of one file to that of the next
+    int seconds = 1;    // that each worker reports for
+    const wchar_t* codec = L"NoSuchEncoder";
+    const wchar_t* effect = nullptr; // one more in the chain
+};
+
+// Sets up such a batch in the settings that are the current ones, of files that do not exist.
+[[nodiscard]] clConvertingSeams PrepareReportingBatch(clFileList& files, const clReportingBatch& batch);

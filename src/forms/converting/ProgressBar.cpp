@@ -28,7 +28,7 @@ void LoadScaled(XBitmap& bitmap, int plainId) {
     const int dpi = ScaleToDpi(plainDpi);
     const Drawn& source = DrawnFor(dpi);
     XBitmap image;
-    image.LoadResource(plainId + source.idOffset);
+    image.LoadResource(plainId + source.idOffset, true); // corners of the form's colour
     bitmap.Copy(image);
     if (source.dpi == dpi || !bitmap.IsValid())
         return;
