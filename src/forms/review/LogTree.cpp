@@ -7,13 +7,18 @@ namespace {
 
 constexpr std::size_t longestLine = 0x8000; // units
 
-// While it stands, nothing of the tree is drawn; afterwards all of it is.
+// While it stands, nothing of the tree is drawn; afterwards all of it is. The control's own switch
+// leaves its scroll bars, which cost more than the items: the window's switch holds them, too.
 class QuietTree {
 public:
-    explicit QuietTree(HWND tree) : tree(tree) { SendMessageW(tree, WM_SETREDRAW, FALSE, 0); }
+    explicit QuietTree(HWND tree) : tree(tree) {
+        SendMessageW(tree, WM_SETREDRAW, FALSE, 0);
+        DefWindowProcW(tree, WM_SETREDRAW, FALSE, 0);
+    }
     ~QuietTree() {
+        DefWindowProcW(tree, WM_SETREDRAW, TRUE, 0);
         SendMessageW(tree, WM_SETREDRAW, TRUE, 0);
-        InvalidateRect(tree, nullptr, TRUE);
+        RedrawWindow(tree, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
     }
     QuietTree(const QuietTree&) = delete;
     QuietTree& operator=(const QuietTree&) = delete;
@@ -60,21 +65,32 @@ void FillLogTree(HWND tree, const XArray<clLogEntry>* log, clLogKind kind) {
     if (!log)
         return;
     HTREEITEM root = nullptr;
+    HTREEITEM first = nullptr;
     for (const clLogEntry& entry : *log) {
         if (entry.lines.IsEmpty())
             continue;
         root = Insert(tree, TVI_ROOT, root, EntryTitle(entry, kind), kind);
+        if (!first)
+            first = root;
         HTREEITEM child = nullptr;
         for (const XString& line : entry.lines)
             child = Insert(tree, root, child, line, imageOfLine);
         Insert(tree, root, child, L"", imageOfLine);
         SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(root));
     }
+    SendMessageW(tree, TVM_SELECTITEM, TVGN_FIRSTVISIBLE, reinterpret_cast<LPARAM>(first));
 }
 
+// Each step makes the control count anew what is visible below it, so the walk keeps that short:
+// down when expanding, up when collapsing.
 void ExpandRoots(HWND tree, WPARAM code) {
     const QuietTree quiet(tree);
-    for (HTREEITEM root = Next(tree, TVGN_ROOT, nullptr); root; root = Next(tree, TVGN_NEXT, root))
+    HTREEITEM root = Next(tree, TVGN_ROOT, nullptr);
+    const WPARAM relation = code == TVE_EXPAND ? TVGN_NEXT : TVGN_PREVIOUS;
+    if (code != TVE_EXPAND)
+        for (HTREEITEM next = root; next; next = Next(tree, TVGN_NEXT, next))
+            root = next;
+    for (; root; root = Next(tree, relation, root))
         SendMessageW(tree, TVM_EXPAND, code, reinterpret_cast<LPARAM>(root));
 }
 

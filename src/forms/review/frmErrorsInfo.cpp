@@ -17,7 +17,7 @@ constexpr int treeHeightLess = 30;
 constexpr int buttonRow = 19;
 constexpr int reconvertX = 100;
 constexpr int halfOk = 25;
-constexpr int smallestTreeHeight = 60;
+constexpr int smallestTreeHeight = 90;
 
 constexpr int iconEdge = 16; // pixels
 constexpr UINT imageFlags = ILC_MASK | ILC_COLOR24;
