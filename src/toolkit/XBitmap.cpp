@@ -104,7 +104,8 @@ void XBitmap::Copy(HBITMAP source) {
         return;
     const XMemoryDc from(CreateCompatibleDC(nullptr));
     const XSelected selected(from.Get(), source);
-    CopyFrom(from.Get(), facts.bmWidth, facts.bmHeight);
+    if (GetCurrentObject(from.Get(), OBJ_BITMAP) == source)
+        CopyFrom(from.Get(), facts.bmWidth, facts.bmHeight);
 }
 
 void XBitmap::Decode(const void* bytes, std::uint64_t sizeBytes) {
