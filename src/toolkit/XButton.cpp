@@ -28,8 +28,11 @@ void XButton::SetToggle(bool down) {
 }
 
 void XButton::Enable(bool enabled) {
-    if (Window)
-        EnableWindow(Window, enabled); // draws through WM_ENABLE
+    if (!Window)
+        return;
+    if (!enabled && GetFocus() == Window) // else no key would reach the form any more
+        SendMessageW(GetParent(Window), WM_NEXTDLGCTL, 0, FALSE);
+    EnableWindow(Window, enabled); // draws through WM_ENABLE
 }
 
 void XButton::Focus() {

@@ -87,6 +87,9 @@ void XToolTip::TickAt(POINT cursor, std::uint32_t now) {
 }
 
 bool XToolTip::IsWanted(POINT cursor) const {
+    const HWND owner = Anchor ? Anchor : AreaWindow;
+    if (owner && !IsWindow(owner)) // ended before its tip
+        return false;
     if (Anchor) {
         const HWND under = WindowFromPoint(cursor);
         if (under == Anchor)

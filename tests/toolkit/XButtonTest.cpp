@@ -127,6 +127,8 @@ TEST_F(XButtonTest, KeysReachAndPressEnabledButtons) {
     form.Key(WM_SYSCHAR, L't', altDown); // that of the disabled button
     form.Press(VK_ESCAPE);
     EXPECT_EQ(form.Take(), "cancel ");
+    last.Enable(false); // the focus goes on
+    EXPECT_EQ(GetFocus(), first.Window);
     wchar_t text[40] = L"";
     GetWindowTextW(second.Window, text, 40);
     EXPECT_EQ(XString(text), XString(L"Second && &third"));

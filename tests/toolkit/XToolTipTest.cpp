@@ -44,7 +44,7 @@ protected:
 };
 
 TEST_F(XToolTipTest, ShowsOverItsAnchorAndOnceAVisit) {
-    tip.Show({.Anchor = button.Window, .Text = L"Over the button", .Delay = 60, .Hold = 400});
+    tip.Show({.Anchor = button.Window, .Text = L"Over the button", .Delay = 60, .Hold = 1200});
     form.MoveTo(30);
     ASSERT_TRUE(AwaitShown(true));
     RECT r{}, anchor{};
@@ -53,13 +53,13 @@ TEST_F(XToolTipTest, ShowsOverItsAnchorAndOnceAVisit) {
     EXPECT_EQ(r.bottom, anchor.top - 2);
     EXPECT_NE(GetForegroundWindow(), WindowOf(tip));
     ASSERT_TRUE(AwaitShown(false)); // timed out
-    EXPECT_FALSE(AwaitShown(true, 500));
+    EXPECT_FALSE(AwaitShown(true, 300));
     form.MoveTo(300);
     Await([] { return false; }, 150);
     form.MoveTo(30);
     EXPECT_TRUE(AwaitShown(true));
     form.MoveTo(300);
-    EXPECT_TRUE(AwaitShown(false, 300)); // at once, and not after its time
+    EXPECT_TRUE(AwaitShown(false, 900)); // at once, and not after its time
 }
 
 TEST_F(XToolTipTest, AreaAndHideAndShowAnew) {
@@ -84,7 +84,7 @@ TEST_F(XToolTipTest, AreaAndHideAndShowAnew) {
 
 TEST_F(XToolTipTest, FormMayGoWhileItsTipShows) {
     auto doomed = std::make_unique<ButtonForm>();
-    tip.Show({.AreaWindow = doomed->Hwnd, .FixedX = 500, .FixedY = 600, .Text = L"owned", .Hold = 800});
+    tip.Show({.AreaWindow = doomed->Hwnd, .FixedX = 500, .FixedY = 600, .Text = L"owned"});
     ASSERT_NE(WindowOf(tip), nullptr);
     doomed.reset();
     EXPECT_TRUE(AwaitShown(false));
