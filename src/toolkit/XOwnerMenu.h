@@ -23,7 +23,7 @@ struct clMenuEntry {
 
 // An item while it is in a menu.
 struct clMenuItem {
-    UINT Id = 0; // 0 for the items that open sub-menus, unless the resource gives them an id
+    UINT Id = 0; // of an item that opens a sub-menu whatever the system gave it
     XString Text;
     wchar_t AccessKey = 0; // capital; the letter behind a single '&' of a resource, or the first of the text
     XIcon Icon;
