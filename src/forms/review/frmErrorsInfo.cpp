@@ -71,12 +71,17 @@ clProgramStart startProgram = StartProcess;
 frmErrorsInfo::frmErrorsInfo() = default;
 
 frmErrorsInfo::~frmErrorsInfo() {
-    keys.Detach();
+    End();
+}
+
+// Tips wait for their thread, and handle messages meanwhile: not while a window is coming or going.
+void frmErrorsInfo::End() {
     Destroy();
+    Tips.Clear();
 }
 
 void frmErrorsInfo::ShowEndOfBatch(HWND owner) {
-    keys.Detach();
+    End();
     ShowModal(ID_DIALOG_ERRORS_INFO, owner);
     Tips.Clear();
 }
@@ -85,8 +90,7 @@ void frmErrorsInfo::ShowDuringBatch(HWND owner) {
     WINDOWPLACEMENT place{};
     place.length = sizeof(place);
     const bool wasOpen = Hwnd && IsWindowVisible(Hwnd) && GetWindowPlacement(Hwnd, &place);
-    keys.Detach();
-    Destroy();
+    End();
     if (!ShowModeless(ID_DIALOG_ERRORS_INFO, owner))
         return;
     if (wasOpen)
@@ -126,6 +130,7 @@ void frmErrorsInfo::OnShow(LPARAM) {
 
 // The thread of the tips may show one at any time, and none may outlive its button.
 void frmErrorsInfo::OnDestroy() {
+    keys.Detach();
     for (XToolTip& tip : Tips)
         tip.Hide();
     Handled = 0;
@@ -152,7 +157,6 @@ void frmErrorsInfo::AddTabs() {
 }
 
 void frmErrorsInfo::OfferReconvert() {
-    Tips.Clear();
     if (!CanReconvert || !HasErrors)
         return;
     const HWND button = Control(ID_LOG_RECONVERT);

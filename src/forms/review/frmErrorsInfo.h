@@ -77,6 +77,7 @@ private:
         frmErrorsInfo& form;
     };
 
+    void End();
     void LoadImages();
     void AddTabs();
     void OfferReconvert();
