@@ -29,7 +29,8 @@ enum clValueKind : std::uint32_t {
     valueRadio = 9, // Value: n is an off button of group n, -n its on button
 };
 
-// `row` is the index. The callback may change the list, this row included.
+// `row` is the index. The callback may change the list, this row included; while an edit field runs
+// on the row, its text and not Value is to be set, since that replaces Value at the end.
 using XValueCallback = void (*)(XValueList& list, int row);
 
 // What AddRow takes. Positions and sizes are pixels at 96 dpi, scaled unless the list has `Pixels`;

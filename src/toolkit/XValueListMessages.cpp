@@ -33,6 +33,10 @@ LRESULT XValueList::OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
     case WM_MOUSEWHEEL:
         Redraw();
         return 0;
+    case WM_SIZE: // also when the scroll bar comes or goes: the rows' right ends move
+        Control.MoveWithRow();
+        Redraw();
+        return 0;
     case WM_SETFOCUS: {
         const HWND before = reinterpret_cast<HWND>(wParam);
         if (!IsWindow(before) || IsChild(hwnd, before))

@@ -11,12 +11,19 @@
 // A value list that writes down what it is told of.
 class ToldList : public XValueList {
 public:
-    void OnSelect() override { told += "select " + std::to_string(SelectedRow()) + ";"; }
-    void OnValueChanged(int row) override { told += "value " + std::to_string(row) + ";"; }
+    void OnSelect() override {
+        told += "select " + std::to_string(SelectedRow()) + ";";
+        if (nests)
+            TellOfSelection();
+    }
     void OnContextMenu(int, int) override { told += "menu " + std::to_string(SelectedRow()) + ";"; }
     void OnDoubleClick(int row) override { told += "double " + std::to_string(row) + ";"; }
     std::string Take() { return std::exchange(told, std::string()); }
+    void TellOfSelection() { // as the list box does
+        SendMessageW(Parent, WM_COMMAND, MAKEWPARAM(0, LBN_SELCHANGE), reinterpret_cast<LPARAM>(List));
+    }
     std::string told;
+    bool nests = false;
 };
 
 inline void NoteChange(XValueList& list, int row) {

@@ -54,6 +54,10 @@ TEST_F(XValueListInputTest, OpensTheControlOfTheSelectedRow) {
         EXPECT_STREQ(name, row.window) << row.kind;
         EXPECT_EQ(control.Button != nullptr, row.hasButton) << row.kind;
         EXPECT_EQ(control.Row, *row.window || row.hasButton ? 0 : -1) << row.kind;
+        if (*row.window) {
+            EXPECT_TRUE(IsFocusIn(control.Window)) << row.kind;
+            EXPECT_EQ(Shown(), XString(row.kind == 7 ? L"Beta" : L"beta")) << row.kind;
+        }
         RECT item{}, window{}, button{};
         SendMessageW(form.list.List, LB_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&item));
         MapWindowPoints(form.list.List, nullptr, reinterpret_cast<POINT*>(&item), 2);
@@ -62,15 +66,9 @@ TEST_F(XValueListInputTest, OpensTheControlOfTheSelectedRow) {
         const LONG valueX = item.left + ScaleToDpi(150);
         const LONG end = row.kind == 7 ? valueX + 150 : item.right;
         EXPECT_EQ(button.right, row.hasButton ? end : 0) << row.kind;
-        if (*row.window) {
-            EXPECT_TRUE(IsFocusIn(control.Window)) << row.kind;
-            EXPECT_EQ(Shown(), XString(row.kind == 7 ? L"Beta" : L"beta")) << row.kind;
-            EXPECT_EQ(window.left, valueX - 5) << row.kind;
-            EXPECT_EQ(window.right, row.kind == 7   ? button.left - 5
-                                    : row.hasButton ? button.left - 1
-                                                    : end - 1)
-                << row.kind;
-        }
+        EXPECT_EQ(window.left, *row.window ? valueX - 5 : 0) << row.kind;
+        const LONG windowEnd = row.hasButton ? button.left - (row.kind == 7 ? 5 : 1) : end - 1;
+        EXPECT_EQ(window.right, *row.window ? windowEnd : 0) << row.kind;
     }
     form.list.Clear(); // an edit of several lines grows upward at the lower end
     for (int i = 0; i < 50; ++i)
@@ -282,29 +280,25 @@ TEST_F(XValueListInputTest, OpensLinksAndTellsOfDoubleClicks) {
 }
 
 TEST_F(XValueListInputTest, TurnsAwayMessagesInsideItsOwn) {
-    class Nesting : public ToldList {
-    public:
-        void OnSelect() override {
-            ToldList::OnSelect();
-            SendMessageW(Parent, WM_COMMAND, MAKEWPARAM(0, LBN_SELCHANGE), reinterpret_cast<LPARAM>(List));
-        }
-    };
-    class NestingForm : public XWindow {
-    public:
-        ~NestingForm() override { Destroy(); }
-        LRESULT PreMessage(HWND h, UINT m, WPARAM w, LPARAM l, std::uint32_t& handled) override {
-            return list.OnParentMessage(h, m, w, l, handled);
-        }
-        Nesting list;
-    } nesting;
-    nesting.Create(L"", RECT{0, 0, 200, 200}, WS_POPUP, 0, nullptr, 0);
-    nesting.list.Create(0, 0, 100, 100, nesting.Hwnd, 1, 50, 21, true);
-    SendMessageW(nesting.Hwnd, WM_COMMAND, MAKEWPARAM(0, LBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(nesting.list.List));
-    EXPECT_EQ(nesting.list.Take(), "select -1;");
-    SendMessageW(nesting.Hwnd, WM_COMMAND, MAKEWPARAM(0, LBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(nesting.list.List));
-    EXPECT_EQ(nesting.list.Take(), "select -1;"); // and it is free again
+    form.list.nests = true;
+    form.list.TellOfSelection();
+    EXPECT_EQ(form.list.Take(), "select -1;");
+    form.list.TellOfSelection();
+    EXPECT_EQ(form.list.Take(), "select -1;"); // and it is free again
+}
+
+TEST_F(XValueListInputTest, LetsAButtonRemoveItsOwnRow) {
+    clValueRowDesc description;
+    description.Kind = valueEdit;
+    description.ButtonText = L"Remove";
+    description.OnButton = [](XValueList& list, int row) { list.RemoveRow(row); };
+    form.list.AddRow(description);
+    form.list.AddRow(description);
+    form.list.SelectRow(0);
+    SendMessageW(form.list.Control.Button, BM_CLICK, 0, 0);
+    form.Pump();
+    EXPECT_EQ(form.list.RowCount(), 1);
+    EXPECT_EQ(form.list.Control.Row, 0);
 }
 
 class XValueListDragTest : public XValueListInputTest {
