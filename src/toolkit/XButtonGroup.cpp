@@ -278,6 +278,8 @@ bool XButtonGroup::OnDown(POINT cursor, bool rightButton) {
     SetCapture(Parent);
     UpdateHover(cursor);
     button->OnPress(rightButton);
+    if (GetCapture() != Parent) // a menu or a box has taken it, and with it the release
+        OnCaptureLost();
     return true;
 }
 

@@ -11,7 +11,8 @@
 struct clTipItem {
     int X = 0, Y = 0; // pixels of the tip's client area
     XString Text = XString();
-    // Runs on the thread of the tips, without a lock; it may not end the tip.
+    // Runs on the thread of the tips, without their lock. What ends or changes the tip is to be posted
+    // to the form: the tip waits for its thread.
     void (*OnClick)(void* argument) = nullptr;
     void* Argument = nullptr;
     COLORREF Colour = 0xFFFFFFFF; // this value becomes blue

@@ -1,7 +1,8 @@
-// The window of a tool tip, on the thread of the tips and with TooltipLock held throughout.
+// The window of a tool tip, on the thread of the tips and with TooltipLock held.
 #include "toolkit/XBitmap.h"
 #include "toolkit/XFont.h"
 #include "toolkit/XToolTip.h"
+#include "toolkit/XToolkitState.h"
 
 #include <algorithm>
 #include <utility>
@@ -237,10 +238,16 @@ void XToolTip::OnMouseUp(int x, int y, UINT message, WPARAM) {
         item.Pressed = false;
     ShowItemStates(x, y);
     const clTipItem* item = ItemAt(x, y);
-    if (item && item->OnClick)
-        item->OnClick(item->Argument);
-    else
+    if (!item || !item->OnClick) {
         Dismiss();
+        return;
+    }
+    const auto onClick = item->OnClick;
+    void* const argument = item->Argument;
+    XMutex& lock = Toolkit().TooltipLock;
+    lock.Unlock(); // the thread of forms may need it to answer
+    onClick(argument);
+    lock.Lock();
 }
 
 void XToolTip::Dismiss() {

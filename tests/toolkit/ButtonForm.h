@@ -15,10 +15,14 @@ public:
             onClick();
     }
     void OnRepeat(bool still) override { log += still ? "still " : "repeat "; }
-    void OnPress(bool right) override { log += right ? "rpress " : "press "; }
+    void OnPress(bool right) override {
+        log += right ? "rpress " : "press ";
+        if (onPress)
+            onPress();
+    }
     void OnReleaseOutside(bool right) override { log += right ? "routside " : "outside "; }
     std::string& log;
-    std::function<void()> onClick;
+    std::function<void()> onClick, onPress;
 };
 
 class ButtonForm final : public XWindow {

@@ -61,6 +61,9 @@ TEST_F(XButtonTest, TicksRepeatAPressAndSeeTheCursorLeave) {
     SetCapture(nullptr); // as when another window takes it: no release will come
     EXPECT_EQ(form.Take(), "outside ");
     EXPECT_EQ(first.State, std::uint32_t{buttonHovered});
+    first.onPress = [] { SetCapture(nullptr); }; // by a menu of its own
+    form.Send(WM_LBUTTONDOWN, 20);
+    EXPECT_EQ(form.Take(), "press outside ");
     first.Draw(nullptr, buttonOn, false);
     form.Tick();
     EXPECT_EQ(form.Take(), "still ");
