@@ -1,7 +1,6 @@
-// comdlg32 is loaded when it is asked for: the worker loads each plug-in anew for every file.
+// comdlg32 is loaded when it is asked for: the worker loads each plug-in anew for every file. It stays,
+// since parts of the shell that the dialog has woken may still work on behind it.
 #include "plugins/common/SaveDialog.h"
-
-#include "foundation/XHandles.h"
 
 #include <cderr.h>
 #include <commdlg.h>
@@ -9,17 +8,23 @@
 #include <vector>
 
 namespace {
+
 constexpr int mostPathUnits = 32768;
+
+template <class Pointer>
+Pointer Function(HMODULE module, const char* name) noexcept {
+    return module ? reinterpret_cast<Pointer>(reinterpret_cast<void*>(GetProcAddress(module, name)))
+                  : nullptr;
 }
+
+} // namespace
 
 bool AskSavePath(HWND owner, const wchar_t* title, const wchar_t* filter, const wchar_t* extension,
                  XString& path) {
-    const XModule dialogs(LoadLibraryW(L"comdlg32.dll"));
-    using Ask = BOOL(WINAPI*)(OPENFILENAMEW*);
-    const auto ask = !dialogs.IsValid() ? nullptr
-                                        : reinterpret_cast<Ask>(reinterpret_cast<void*>(
-                                              GetProcAddress(dialogs.Get(), "GetSaveFileNameW")));
-    if (!ask)
+    const HMODULE dialogs = LoadLibraryW(L"comdlg32.dll");
+    const auto ask = Function<BOOL(WINAPI*)(OPENFILENAMEW*)>(dialogs, "GetSaveFileNameW");
+    const auto reason = Function<DWORD(WINAPI*)()>(dialogs, "CommDlgExtendedError");
+    if (!ask || !reason)
         return false;
     std::vector<wchar_t> chosen(mostPathUnits);
     for (int i = 0; i < path.Count() && i < mostPathUnits - 1; ++i)
@@ -36,9 +41,7 @@ bool AskSavePath(HWND owner, const wchar_t* title, const wchar_t* filter, const 
     if (!ask(&request)) {
         // A text that is no file name is refused without a word: ask again without it.
         chosen[0] = 0;
-        const auto reason = reinterpret_cast<DWORD(WINAPI*)()>(
-            reinterpret_cast<void*>(GetProcAddress(dialogs.Get(), "CommDlgExtendedError")));
-        if (!reason || reason() != FNERR_INVALIDFILENAME || !ask(&request))
+        if (reason() != FNERR_INVALIDFILENAME || !ask(&request))
             return false;
     }
     path = chosen.data();

@@ -172,6 +172,36 @@ TEST(Panel, TakesWhatTheUserChanges) {
     }
 }
 
+// Answers the system's dialog that stands before the form, as soon as it is there.
+void CALLBACK AnswerSaveDialog(HWND host, UINT, UINT_PTR timer, DWORD) noexcept {
+    constexpr int nameBox = 0x47C, nameEdit = 0x480; // cmb13 or edt1, as the system has it
+    HWND dialog = nullptr;
+    do
+        dialog = FindWindowExW(nullptr, dialog, L"#32770", nullptr);
+    while (dialog && GetWindow(dialog, GW_OWNER) != host);
+    if (!dialog || !IsWindowVisible(dialog))
+        return;
+    KillTimer(host, timer);
+    SetDlgItemTextW(dialog, GetDlgItem(dialog, nameBox) ? nameBox : nameEdit, L"C:\\chosen");
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+}
+
+TEST(Panel, BrowseAsksForTheFile) {
+    struct BrowseRow {
+        const wchar_t *library, *expected;
+    };
+    for (const BrowseRow& row : {BrowseRow{report, L"-file=\"C:\\chosen.txt\""},
+                                 BrowseRow{playlist, L"-file=\"C:\\chosen.m3u8\""}}) {
+        PanelHost host;
+        PanelDriver driver(row.library);
+        const HWND panel = driver.Show(host, L"");
+        SetTimer(host.window, 1, 20, AnswerSaveDialog);
+        SendMessageW(GetDlgItem(panel, ID_BROWSE), BM_CLICK, 0, 0);
+        KillTimer(host.window, 1);
+        EXPECT_EQ(driver.Remove(host.window), XString(row.expected));
+    }
+}
+
 TEST(Panel, IsReachedByKeysWhereItStands) {
     for (const wchar_t* library : libraries) {
         SCOPED_TRACE(testing::PrintToString(XString(library)));
