@@ -26,13 +26,6 @@ public:
     bool nests = false;
 };
 
-inline void NoteChange(XValueList& list, int row) {
-    static_cast<ToldList&>(list).told += "change " + std::to_string(row) + ";";
-}
-inline void NoteButton(XValueList& list, int row) {
-    static_cast<ToldList&>(list).told += "button " + std::to_string(row) + ";";
-}
-
 // 300 by 200 dialog units, with an edit field (1) before the list and one (2) behind it.
 class ValueListForm : public XWindow {
 public:
@@ -60,6 +53,34 @@ public:
         return list.OnParentMessage(hwnd, message, wParam, lParam, handled);
     }
     clValueRow& Row(int row) { return list.Rows[row]; }
+    void Add(std::uint32_t kind, const wchar_t* value, const wchar_t* caption = L"row",
+             const wchar_t* button = L"", int lines = 0, int position = -1) {
+        clValueRowDesc description;
+        description.Kind = kind;
+        description.Caption = caption;
+        description.Value = value;
+        description.ButtonText = button;
+        description.Lines = lines;
+        description.CheckX = 20;
+        description.Icon = list.CheckOn.Get();
+        description.OnChange = [](XValueList& told, int row) { Note(told, "change ", row); };
+        description.OnButton = [](XValueList& told, int row) { Note(told, "button ", row); };
+        for (const wchar_t* choice : {L"Alpha", L"Beta", L"Bella"})
+            description.Choices.AddString(choice);
+        list.AddRow(description, position);
+    }
+    std::string Order() { // the captions' first letters
+        std::string order;
+        for (const clValueRow& row : list.Rows)
+            order += static_cast<char>(row.Caption.CharAt(1));
+        return order;
+    }
+    std::string Checks() {
+        std::string checks;
+        for (int row = 0; row < list.RowCount(); ++row)
+            checks += list.IsChecked(row) ? '+' : '-';
+        return checks;
+    }
 
     // All messages that are there, as the loop of a dialog handles them.
     void Pump() {
@@ -123,6 +144,9 @@ public:
     HWND before = nullptr, after = nullptr;
 
 private:
+    static void Note(XValueList& list, const char* what, int row) {
+        static_cast<ToldList&>(list).told += what + std::to_string(row) + ";";
+    }
     HWND AddEdit(int x) {
         return CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, x, 0, 50, 14, Hwnd,
                                nullptr, nullptr, nullptr);

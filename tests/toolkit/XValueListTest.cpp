@@ -31,25 +31,10 @@ protected:
         form.Open();
         form.list.Pixels = 1; // of the rows
     }
-    void Add(std::uint32_t kind, const wchar_t* caption, const wchar_t* value, int position = -1) {
-        clValueRowDesc description;
-        description.Kind = kind;
-        description.Caption = caption;
-        description.Value = value;
-        form.list.AddRow(description, position);
-    }
     XString ListText(int row) {
         wchar_t text[100] = L"";
         SendMessageW(form.list.List, LB_GETTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text));
         return text;
-    }
-    std::string Order() { // of rows and of the list box's own entries, by their first letter
-        std::string order, own;
-        for (int row = 0; row < form.list.RowCount(); ++row) {
-            order += static_cast<char>(form.Row(row).Caption.CharAt(1));
-            own += static_cast<char>(ListText(row).CharAt(1));
-        }
-        return order == own ? order : order + " but " + own;
     }
     // Paints the row as the list box would ask for it, at 400 by 21, and answers a pixel.
     COLORREF Draw(int row, UINT state, int x = 0, int y = 10) {
@@ -99,7 +84,7 @@ constexpr TextRow textRows[] = {
 TEST_F(XValueListTest, ListsAndShowsTextsByKind) {
     for (const TextRow& row : textRows) {
         form.list.Clear();
-        Add(row.kind, row.caption, row.value);
+        form.Add(row.kind, row.value, row.caption);
         EXPECT_EQ(ListText(0), XString(row.listed)) << row.kind;
         Draw(0, 0);
         XArray<clDLText>& texts = form.Row(0).Records.Texts;
@@ -136,9 +121,9 @@ TEST_F(XValueListTest, KeepsCaptionValueAndButtonApart) {
 }
 
 TEST_F(XValueListTest, PaintsItsStates) {
-    Add(valuePlain, L"", L"");
-    Add(valueBanner, L"", L"");
-    Add(valuePlain, L"a", L"b");
+    form.Add(valuePlain, L"", L"");
+    form.Add(valueBanner, L"", L"");
+    form.Add(valuePlain, L"");
     form.Row(2).Disabled = true;
     EXPECT_EQ(Draw(0, 0, 1, 0), background);
     EXPECT_EQ(Draw(0, ODS_SELECTED, 1, 0), 0xEBD8A8u);             // the box
@@ -168,42 +153,31 @@ TEST_F(XValueListTest, ShowsChecksAndRadios) {
     for (const CheckRow& row : checkRows) {
         form.list.Clear();
         SetSomeIcons(row.withDisabledIcons);
-        clValueRowDesc description;
-        description.Kind = row.kind;
-        description.Value = row.value;
-        description.Disabled = row.disabled;
-        description.CheckX = 40;
-        form.list.AddRow(description);
-        EXPECT_EQ(Draw(0, 0, 44), row.icon) << row.kind << " " << XString(row.value).ToNarrow();
+        form.Add(row.kind, row.value, L"");
+        form.Row(0).Disabled = row.disabled;
+        EXPECT_EQ(Draw(0, 0, 24), row.icon) << row.kind << " " << XString(row.value).ToNarrow();
     }
 }
 
 TEST_F(XValueListTest, ChecksOneButtonOfAGroup) {
-    const wchar_t* values[] = {L"3", L"-3", L"-2", L"3", L""};
-    for (const wchar_t* value : values)
-        Add(valueRadio, L"", value);
-    Add(valueCheck, L"", L"");
-    Add(valuePlain, L"", L"-3");
-    const auto states = [this] {
-        std::string states;
-        for (int row = 0; row < form.list.RowCount(); ++row)
-            states +=
-                XString(form.Row(row).Value).ToNarrow() + std::string(form.list.IsChecked(row) ? "+ " : " ");
-        return states;
-    };
-    EXPECT_EQ(states(), "3 -3+ -2+ 3   -3 ");
+    for (const wchar_t* value : {L"3", L"-3", L"-2", L"3", L""})
+        form.Add(valueRadio, value);
+    form.Add(valueCheck, L"");
+    form.Add(valuePlain, L"-3");
+    EXPECT_EQ(form.Checks(), "-++----");
     form.list.SetChecked(0, true);
-    EXPECT_EQ(states(), "-3+ 3 -2+ 3   -3 ");
-    form.list.SetChecked(0, true);
-    form.list.SetChecked(2, false);
-    form.list.SetChecked(3, false);
-    form.list.SetChecked(5, true);
-    form.list.SetChecked(6, true);
-    form.list.SetChecked(7, true);
-    form.list.SetChecked(-1, true);
-    EXPECT_EQ(states(), "-3+ 3 2 3  1+ -3 ");
+    EXPECT_EQ(form.Checks(), "+-+----");
+    EXPECT_EQ(form.Row(0).Value, XString(L"-3"));
+    EXPECT_EQ(form.Row(1).Value, XString(L"3"));
+    for (const int row : {0, 5, 6, 7, -1})
+        form.list.SetChecked(row, true);
+    for (const int row : {2, 3})
+        form.list.SetChecked(row, false);
+    EXPECT_EQ(form.Checks(), "+----+-");
+    EXPECT_EQ(form.Row(2).Value, XString(L"2"));
+    EXPECT_EQ(form.Row(5).Value, XString(L"1"));
     form.list.SetChecked(5, false);
-    EXPECT_EQ(states(), "-3+ 3 2 3   -3 ");
+    EXPECT_EQ(form.Row(5).Value, XString());
 }
 
 struct MoveCase {
@@ -216,18 +190,18 @@ constexpr MoveCase moveCases[] = {
 };
 
 TEST_F(XValueListTest, MovesAddsAndRemovesRows) {
-    const wchar_t* captions[] = {L"a", L"b", L"c", L"d"};
     for (const MoveCase& move : moveCases) {
         form.list.Clear();
-        for (const wchar_t* caption : captions)
-            Add(valuePlain, caption, L"");
+        for (const wchar_t* caption : {L"a", L"b", L"c", L"d"})
+            form.Add(valuePlain, L"", caption);
         form.list.MoveRow(move.from, move.to);
-        EXPECT_EQ(Order(), move.order) << move.from << " " << move.to;
+        EXPECT_EQ(form.Order(), move.order) << move.from << " " << move.to;
+        for (int row = 0; row < 4; ++row)
+            EXPECT_EQ(ListText(row), form.Row(row).Caption) << move.from << " " << move.to;
     }
-    Add(valueEdit, L"e", L"", 4);
-    Add(valueEdit, L"f", L"", 0);
-    Add(valueEdit, L"g", L"", 7); // no such place
-    EXPECT_EQ(Order(), "fabcde");
+    for (const auto& [caption, position] : {std::pair(L"e", 4), std::pair(L"f", 0), std::pair(L"g", 7)})
+        form.Add(valueEdit, L"", caption, L"", 0, position); // there is no place 7
+    EXPECT_EQ(form.Order(), "fabcde");
     form.list.SelectRow(5);
     ASSERT_EQ(form.list.Control.Row, 5);
     RECT place{}, moved{};
@@ -243,7 +217,7 @@ TEST_F(XValueListTest, MovesAddsAndRemovesRows) {
     form.list.RemoveRow(0);
     EXPECT_EQ(form.list.SelectedRow(), 0);
     form.list.RemoveRow(9);
-    EXPECT_EQ(Order(), "bcd");
+    EXPECT_EQ(form.Order(), "bcd");
     form.list.SelectRow(99);
     EXPECT_EQ(form.list.SelectedRow(), 0);
 }
@@ -251,15 +225,8 @@ TEST_F(XValueListTest, MovesAddsAndRemovesRows) {
 TEST_F(XValueListTest, ReleasesWhatItsRowsHold) {
     SetSomeIcons(true);
     const auto fill = [this](int selected) {
-        for (std::uint32_t kind = valueText; kind <= valueRadio; ++kind) {
-            clValueRowDesc description;
-            description.Kind = kind;
-            description.Caption = L"caption";
-            description.Value = L"1";
-            description.Icon = form.list.CheckOn.Get();
-            description.ButtonText = L"button";
-            form.list.AddRow(description);
-        }
+        for (std::uint32_t kind = valueText; kind <= valueRadio; ++kind)
+            form.Add(kind, L"1", L"caption", L"button");
         form.list.SelectRow(selected);
         UpdateWindow(form.list.List);
         form.list.Clear();
@@ -278,12 +245,12 @@ TEST_F(XValueListTest, ReleasesWhatItsRowsHold) {
 TEST_F(XValueListTest, TakesThousandsOfRowsAtAnEvenPace) {
     const auto fill = [this](int rows) {
         form.list.Clear();
-        Add(valueEdit, L"edit", L"");
+        form.Add(valueEdit, L"");
         form.list.SelectRow(0); // the first addition closes this one's control
         const DWORD start = GetTickCount();
         const XValueListFill scope(form.list);
         for (int i = 0; i < rows; ++i)
-            Add(i % 10, L"caption", L"value");
+            form.Add(i % 10, L"value");
         return GetTickCount() - start;
     };
     const DWORD few = fill(500);
