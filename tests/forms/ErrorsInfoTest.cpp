@@ -102,12 +102,6 @@ protected:
 
 } // namespace
 
-TEST(LogTexts, StepsOfTheWheelAreRoundedUp) {
-    constexpr int rows[][2] = {{120, 1}, {121, 2}, {30, 1}, {-120, -1}, {-130, -2}, {0, 0}};
-    for (const auto& [delta, steps] : rows)
-        EXPECT_EQ(WheelSteps(delta), steps) << delta;
-}
-
 TEST_F(ErrorsInfo, ShowsWhatIsThere) {
     struct Row {
         bool hasErrors, hasInfo;
@@ -143,11 +137,9 @@ TEST_F(ErrorsInfo, ShowsWhatIsThere) {
 
 TEST_F(ErrorsInfo, ReadsTheLogsWhenTheTabChangesAndCopiesWhatItShows) {
     AddEntry(errors, L"C:\\e.wav", {L"bad"});
-    const XString longLine = [] {
-        XString text;
-        text.SetLength(3000);
-        return L"x" + text + L"y";
-    }();
+    XString longLine(L"x");
+    longLine.SetLength(3000);
+    longLine += L"y";
     AddEntry(info, L"C:\\i.wav", {L"one", longLine});
     AddEntry(info, longLine, {L"\u00FCber"});
     form.ShowDuringBatch(nullptr);
@@ -179,10 +171,7 @@ TEST_F(ErrorsInfo, HandsFailedFilesToAnotherRun) {
     static XBuffer list;
     static XString path;
     static bool canStart;
-    struct Restore {
-        clProgramStart real = startProgram;
-        ~Restore() { startProgram = real; }
-    } restore;
+    const clProgramStart real = startProgram;
     startProgram = [](XString& commandLine) {
         started = commandLine;
         const XString option(L"-list_to_conv=\"");
@@ -207,11 +196,11 @@ TEST_F(ErrorsInfo, HandsFailedFilesToAnotherRun) {
         EXPECT_TRUE(driver.IsDone());
         EXPECT_EQ(started, L"\"" + ProgramFolder() + L"Tonemill.exe\" -list_to_conv=\"" + path + L"\"");
         EXPECT_GT(path.Find(L"\\ZtS"), 0) << path.Text();
-        ASSERT_EQ(list.size, bytes);
-        EXPECT_EQ(std::memcmp(list.data, expected, bytes), 0);
+        EXPECT_TRUE(list.size == bytes && std::memcmp(list.data, expected, bytes) == 0);
         EXPECT_EQ(IsFile(path), runs);
         DeleteOneFile(path);
     }
+    startProgram = real;
 }
 
 TEST_F(ErrorsInfo, ExpandsAndCollapsesAllFromTheKeyboard) {
@@ -326,14 +315,10 @@ TEST_F(ErrorsInfo, OpensAndCopiesTenThousandFiles) {
         AddEntry(errors, L"C:\\a folder with a name\\a file with a name.wav", {L"one", L"two", L"three"});
     const DWORD start = GetTickCount();
     form.ShowDuringBatch(nullptr);
-    const DWORD shown = GetTickCount();
     XTreeView tree;
     tree.Tree = Control(ID_LOG_TREE);
     const XString text = LogTreeText(tree);
-    const DWORD copied = GetTickCount();
-    RecordProperty("openMs", static_cast<int>(shown - start));
-    RecordProperty("copyMs", static_cast<int>(copied - shown));
-    EXPECT_LT(copied - start, 20000U);
+    EXPECT_LT(GetTickCount() - start, 20000U);
     EXPECT_EQ(TreeView_GetCount(tree.Tree), 50000U);
     EXPECT_GT(text.Count(), 50000 * 8);
 }
@@ -356,10 +341,11 @@ TEST_F(ErrorsInfo, PassesTheWheelToTheTree) {
 TEST_F(ErrorsInfo, FiftyShowingsLeaveNothingBehind) {
     AddEntry(errors, L"C:\\a.wav", {L"x"});
     AddEntry(info, L"C:\\b.wav", {L"y"});
-    form.CanReconvert = true;
     const auto cycle = [&] {
+        form.CanReconvert = false;
         form.ShowDuringBatch(nullptr);
         ChooseTab(1);
+        form.CanReconvert = true;
         const FormDriver driver(
             {[&] { return form.Hwnd && IsShown(IDOK) && PostMessageW(form.Hwnd, WM_CLOSE, 0, 0); }});
         form.ShowEndOfBatch(nullptr);
