@@ -85,3 +85,7 @@
 #define ID_LOG_RECONVERT 1041
 #define ID_LOG_EXPAND_ALL 10001
 #define ID_LOG_COLLAPSE_ALL 10002
+
+// The dialog of naming templates
+#define ID_NAMING_TEMPLATE 1040
+#define ID_NAMING_EXAMPLE 1041
