@@ -33,10 +33,13 @@ LRESULT XValueList::OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
     case WM_MOUSEWHEEL:
         Redraw();
         return 0;
-    case WM_SIZE: // also when the scroll bar comes or goes: the rows' right ends move
+    case WM_SIZE: { // also when the scroll bar comes or goes: the rows' right ends move
+        handled = 1;
+        const LRESULT result = CallWindowProcW(OldProc, hwnd, message, wParam, lParam);
         Control.MoveWithRow();
         Redraw();
-        return 0;
+        return result;
+    }
     case WM_SETFOCUS: {
         const HWND before = reinterpret_cast<HWND>(wParam);
         if (!IsWindow(before) || IsChild(hwnd, before))

@@ -68,6 +68,13 @@ TEST_F(XValueListInputTest, OpensTheControlOfTheSelectedRow) {
         EXPECT_EQ(edit.bottom - edit.top, 3 * ScaleToDpi(21)) << row;
         EXPECT_LE(edit.bottom, client.bottom) << row;
     }
+    RECT list{}, before{}, after{};
+    GetWindowRect(form.list.List, &list);
+    GetWindowRect(form.list.Control.Window, &before);
+    SetWindowPos(form.list.List, nullptr, 0, 0, list.right - list.left - 50, list.bottom - list.top,
+                 SWP_NOMOVE | SWP_NOZORDER);
+    GetWindowRect(form.list.Control.Window, &after);
+    EXPECT_EQ(after.right, before.right - 50);
 }
 
 TEST_F(XValueListInputTest, KeepsWhatIsTyped) {
