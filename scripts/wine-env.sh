@@ -23,6 +23,13 @@ Windows Registry Editor Version 5.00
 [HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\AeDebug]
 "Debugger"="cmd /c exit"
 
+; The shell shows an icon file as itself, as Windows does.
+[HKEY_CLASSES_ROOT\.ico]
+@="icofile"
+
+[HKEY_CLASSES_ROOT\icofile\DefaultIcon]
+@="%1"
+
 [HKEY_CURRENT_USER\Software\Wine\WineDbg]
 "ShowCrashDialog"=dword:00000000
 

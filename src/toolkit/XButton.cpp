@@ -103,6 +103,9 @@ void XButton::KeyPressed() {
         OnPress(false);
         return;
     }
+    MSG character; // of this key: the menu would take it as the choice of nothing and close
+    while (PeekMessageW(&character, Window, WM_CHAR, WM_CHAR, PM_REMOVE)) {
+    }
     Popup(); // its loop takes the key's release
     KeyDown = 0;
     Settle();

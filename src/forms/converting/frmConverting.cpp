@@ -88,7 +88,7 @@ void frmConverting::OnCancel() {
 void frmConverting::LoadIcons() {
     SetIcons(LoadProgramIcon(ID_ICON_PROGRAM, GetSystemMetrics(SM_CXICON)),
              LoadProgramIcon(ID_ICON_PROGRAM, GetSystemMetrics(SM_CXSMICON)));
-    slotIcon.Reset(LoadProgramIcon(ID_ICON_SLOT, smallIconEdge));
+    slotIcon.Reset(LoadProgramIcon(ID_ICON_SLOT, ScaleToDpi(smallIconEdge)));
     for (const clRowControls& row : rowControls)
         SendMessageW(Control(row.icon), STM_SETICON, reinterpret_cast<WPARAM>(slotIcon.Get()), 0);
     encoderIcon = GetEncoderIcon(conversion.setup.extension, EncoderLibraryPath(conversion.setup.codecName));
