@@ -89,3 +89,13 @@
 // The dialog of naming templates
 #define ID_NAMING_TEMPLATE 1040
 #define ID_NAMING_EXAMPLE 1041
+
+// The chain of effects: the button that opens its menu, and the menu's commands; those that add an
+// effect begin with the last.
+#define ID_EFFECT_ADD 1040
+#define ID_EFFECT_PLACEHOLDER 40028
+#define ID_EFFECT_REMOVE 40029
+#define ID_EFFECT_CLEAR 40030
+#define ID_EFFECT_SAVE 40031
+#define ID_EFFECT_LOAD 40032
+#define ID_EFFECT_FIRST 10000
