@@ -249,7 +249,7 @@ void XValueList::OnListCommand(UINT code) {
 
 void XValueList::OnParentClick() {
     const int row = RowAtCursor();
-    if (!IsRow(row) || Rows[row].Disabled)
+    if (!IsRow(row))
         return;
     const bool isCheck = Rows[row].Kind == valueCheck;
     if (!isCheck && Rows[row].Kind != valueRadio)

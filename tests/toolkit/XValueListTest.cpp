@@ -133,6 +133,10 @@ TEST_F(XValueListTest, PaintsItsStates) {
     EXPECT_EQ(Draw(7, 0, 50, 10), background); // no such row
     Draw(2, 0);
     EXPECT_EQ(form.Row(2).Records.Texts[0].Colour, 0u); // pale only while painting
+    form.Add(valueEdit, L"value");
+    form.list.SelectRow(3);
+    Draw(3, ODS_SELECTED);
+    EXPECT_EQ(form.Row(3).Records.ActiveMask & maskValueShown, 0u); // the edit field shows it
 }
 
 struct CheckRow {
