@@ -20,6 +20,7 @@ LRESULT XValueList::OnDragMessage(const DRAGLISTINFO& info) {
         if (!IsRow(row) || IsBanner(row))
             return FALSE;
         DragFrom = row;
+        DragAllowed = 0; // until it is over another place
         return TRUE;
     }
     case DL_DRAGGING:
