@@ -1,6 +1,7 @@
 // The program's entry: from the command line to the last form. The exit code is always 0.
 #include "app/StartUp.h"
 #include "forms/converting/frmConverting.h"
+#include "forms/setup/frmConvertToOpt.h"
 #include "host/Settings.h"
 
 #include <objbase.h>
@@ -15,6 +16,12 @@ void RunProgram(clFileList& files) {
     const clCommandLine line = ReadCommandLine(options, CommandLineTail(commandLine));
     if (!GatherFiles(line, files))
         return;
+    if (!line.skipSetUp) {
+        bool convert = false;
+        const frmConvertToOpt setUp(convert, files);
+        if (!convert)
+            return;
+    }
     const frmConverting form(files);
 }
 

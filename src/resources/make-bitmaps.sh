@@ -4,8 +4,6 @@ set -e
 . "$(dirname "$0")/draw.sh"
 out=$1
 mkdir -p "$out"
-font=/usr/share/wine/fonts/tahoma.ttf # the font of our forms
-[ -e "$font" ] || font=$WINDIR/Fonts/tahoma.ttf
 
 # ---- The picture of the overwrite form: one file before another, and a warning
 
@@ -25,7 +23,7 @@ Review() {
     Fill "$ink" 'circle 108,138 108,132'
 }
 
-# ---- Strips that show what a choice of naming does: pictures at the left, words at the right
+# ---- Strips that show what a choice of naming does, for 192 dots per inch
 
 Tag() {
     Shape 'url(#sky)' "$deep" 10 "path 'M 15,35 L 95,35 L 145,80 L 95,125 L 15,125 Z'"
@@ -45,15 +43,14 @@ Arrow() {
 }
 
 Hint() {
-    local file=$1 words=$2 x=0 draw parts=()
-    shift 2
+    local file=$1 x=0 draw parts=()
+    shift
     for draw in "$@"; do
-        Picture $draw 16
-        parts+=("${picture[@]}" -geometry +$x+2 -composite)
-        ((x += 20))
+        Picture $draw 32
+        parts+=("${picture[@]}" -geometry +$x+4 -composite)
+        ((x += 40))
     done
-    WriteBitmap "$file" -size 360x20 "xc:$face" "${parts[@]}" -font "$font" -density 72 -pointsize 11 \
-        -fill "$ink" -stroke none -annotate +86+14 "$words"
+    WriteBitmap "$file" -size 152x40 "xc:$face" "${parts[@]}"
 }
 
 # ---- Progress bars: width and height at 96 dots per inch, here at another density
@@ -79,8 +76,8 @@ ProgressBar() {
         -compose Over -composite -filter box -resize ${width}x${height}!
 }
 
-Run Hint "$out/hint_dynamic.bmp" 'Folders and file names are made from tags' Tag Arrow Folder Note
-Run Hint "$out/hint_folder.bmp" 'Files keep their own names' Note Arrow Folder Note
+Run Hint "$out/hint_dynamic.bmp" Tag Arrow Folder Note
+Run Hint "$out/hint_folder.bmp" Note Arrow Folder Note
 SetSize 32
 Picture Review 32
 Run WriteBitmap "$out/review.bmp" "${picture[@]}"

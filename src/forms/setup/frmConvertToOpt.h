@@ -3,18 +3,18 @@
 // converting form finds it; the list of files is shared.
 #pragma once
 
+#include "forms/setup/EffectMenu.h"
 #include "forms/setup/OutputChoice.h"
 #include "host/CodecHandler.h"
 #include "host/clFileList.h"
 #include "toolkit/XBitmap.h"
 #include "toolkit/XDropList.h"
-#include "toolkit/XOwnerMenu.h"
 #include "toolkit/XTabPage.h"
 #include "toolkit/XToolTip.h"
-#include "toolkit/XValueList.h"
 #include "toolkit/XWindow.h"
 
 #include <commctrl.h>
+#include <shellapi.h>
 
 #include <functional>
 
@@ -24,6 +24,7 @@ struct clSetUpSeams {
     std::function<void(const XString& target)> openDocument;
     // Asks for a folder, with one selected at first (empty: none). Empty: cancelled.
     std::function<XString(HWND owner, const XString& selected)> chooseFolder;
+    clEffectSeams effects;
 };
 
 enum clEncoderRow : std::uint32_t {
@@ -39,6 +40,8 @@ struct EncoderListItem {
     std::uint32_t Kind = rowEncoder; // clEncoderRow
     XString Text;                    // of rowNotInstalled: the address where it can be had
 };
+
+inline constexpr int longestNaming = 9999; // units of a naming template
 
 class frmConvertToOpt final : public XWindow {
 public:
@@ -65,8 +68,10 @@ private:
         explicit _CmbEncoders(frmConvertToOpt& form) : form(form) {}
         void OnChanging() override;
         void Fill(); // and selects the item of the last time
+        [[nodiscard]] bool IsOnCommand() const;
 
     private:
+        [[nodiscard]] HICON IconOf(const XString& encoder); // borrowed
         void Add(std::uint32_t kind, const wchar_t* text, HICON icon, const wchar_t* address = L"",
                  COLORREF colour = 0);
         void AddEncoders();
@@ -82,20 +87,11 @@ private:
 
         frmConvertToOpt& form;
         XArray<EncoderListItem> Items; // parallel to the rows
+        XStringArray iconNames;        // encoders that were asked for their icon
+        XArray<XIcon> icons;           // parallel to iconNames
     };
 
-    // The chain of effects; a right click does what the button "Add" does.
-    class _DSPList final : public XValueList {
-    public:
-        explicit _DSPList(frmConvertToOpt& form) : form(form) {}
-        void OnContextMenu(int x, int y) override;
-        [[nodiscard]] XString ToText(); // of all rows, what is being typed included
-        void FromText(const XString& chainText);
-
-    private:
-        frmConvertToOpt& form;
-    };
-
+    using _DSPList = EffectChainList;
     class _TabOptions final : public XTabPage {};
 
     struct ImageListKind {
@@ -106,7 +102,6 @@ private:
 
     // Initialisation
     void LoadHints();
-    void FillFolders();
     void MakeOptions();
     [[nodiscard]] bool Command(int id);
 
@@ -118,10 +113,12 @@ private:
     void LoadItemSettings(bool first);
     [[nodiscard]] XString LiveEncoderSettings() const; // the panel stays
     [[nodiscard]] bool AnswersYes(const wchar_t* key) const;
-    void ShowChange(const XString& message, int control);
+    void ShowChanges(std::uint32_t mode, std::uint32_t shownMode, bool folderChanged, bool effectsChanged);
     void SaveFormState();
 
     // Output location
+    void FillFolders(); // from the last time
+    void SaveFolders();
     void UpdateOutputControls();
     XString AddFolderToList(const XString& path, bool onlyIfExists); // the shown form
     [[nodiscard]] XString OutputFolder() const;                      // resolved
@@ -134,10 +131,6 @@ private:
     // Files
     void UpdateFileCount();
     void TakeDroppedFiles(HDROP drop);
-    void ListAndRename();
-
-    // Effects
-    void ShowEffectMenu();
 
     _CmbEncoders EncoderList{*this};
     clZtEncoder Encoder; // whose panel is open
@@ -151,7 +144,7 @@ private:
     XOwned<ImageListKind> TabImages;
     XOwnerMenu EffectMenu;
     clFileList* Files; // borrowed
-    _DSPList EffectList{*this};
+    _DSPList EffectList;
 
     clSetUpSeams seams;
     bool isReviewing = false; // the list form walks the files: they must not grow

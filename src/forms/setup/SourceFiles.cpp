@@ -1,0 +1,41 @@
+// The files that the set-up form is about: their count, and what comes to them while the form is open.
+#include "forms/setup/frmConvertToOpt.h"
+#include "host/DecoderCatalogue.h"
+#include "host/DroppedFiles.h"
+#include "host/HandOff.h"
+#include "resources/ids.h"
+
+void frmConvertToOpt::UpdateFileCount() {
+    std::int64_t count = 0;
+    for (const clFileItem& file : *Files)
+        count += file.skipFlag == 0;
+    SetWindowTextW(Control(ID_FILE_COUNT), FileCountText(count));
+}
+
+void frmConvertToOpt::TakeDroppedFiles(HDROP drop) {
+    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    XStringArray paths;
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        XString path;
+        path.SetLength(static_cast<int>(DragQueryFileW(drop, i, nullptr, 0)));
+        DragQueryFileW(drop, i, path.Buffer(), static_cast<UINT>(path.Count()) + 1);
+        paths.AddString(path);
+    }
+    DragFinish(drop);
+    if (!isReviewing) {
+        XStringArray extensions;
+        EnumerateDecoders(false, &extensions, nullptr);
+        AddDroppedFiles(*Files, paths, extensions);
+        UpdateFileCount();
+    }
+    SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+}
+
+// Another start of the program may have given its files to this one.
+void frmConvertToOpt::OnTimer(std::uint64_t, std::uint64_t) {
+    if (isReviewing || !ReceiveHandOff(AddFilesEvent.Get(), *Files))
+        return;
+    UpdateFileCount();
+    SetForegroundWindow(GetLastActivePopup(Hwnd));
+}
