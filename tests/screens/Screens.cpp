@@ -2,6 +2,7 @@
 // when the state stands; the program ends when FLAG is gone. scripts/screenshots.sh takes the pictures.
 #include "../forms/FormDriver.h"
 #include "../support/ReportingWorker.h"
+#include "NamingScreens.h"
 #include "engine/WorkerText.h"
 #include "foundation/XFileSystem.h"
 #include "host/PluginFolders.h"
@@ -97,10 +98,16 @@ struct Screen {
     void (*show)();
 };
 constexpr Screen screens[] = {
-    {"converting", Converting},      {"converting-16", ConvertingSixteen},
-    {"converting-1", ConvertingOne}, {"paused", Paused},
-    {"options", OptionsMenu},        {"cancel", CancelQuestion},
+    {"converting", Converting},
+    {"converting-16", ConvertingSixteen},
+    {"converting-1", ConvertingOne},
+    {"paused", Paused},
+    {"options", OptionsMenu},
+    {"cancel", CancelQuestion},
     {"finished", Finished},
+    {"naming", [] { ShowNaming(HoldForPicture); }},
+    {"naming-functions", [] { ShowNamingFunctions(HoldForPicture); }},
+    {"naming-refused", [] { ShowNamingRefused(HoldForPicture); }},
 };
 
 } // namespace
