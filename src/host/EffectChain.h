@@ -23,6 +23,7 @@ inline constexpr wchar_t effectFileExtension[] = L"dspeffect";
 [[nodiscard]] XString EffectFileName(const XString& chosen);
 
 // Windows only. The file is the chain text in UTF-16LE and nothing else.
-bool WriteEffectFile(const XString& path, const XString& chainText); // replaces what is there
+// Replaces what is there. `showErrors` as in XFile.
+bool WriteEffectFile(const XString& path, const XString& chainText, bool showErrors = false);
 // First line of the file, a byte-order mark dropped; empty if it can't be read.
 [[nodiscard]] XString ReadEffectFile(const XString& path);

@@ -3,9 +3,9 @@
 
 #include "foundation/XFile.h"
 
-bool WriteEffectFile(const XString& path, const XString& chainText) {
+bool WriteEffectFile(const XString& path, const XString& chainText, bool showErrors) {
     XFile file(path);
-    return file.Open(GENERIC_WRITE, CREATE_ALWAYS) &&
+    return file.Open(GENERIC_WRITE, CREATE_ALWAYS, showErrors) &&
            file.Write(chainText.Text(), static_cast<DWORD>(chainText.Count()) * 2);
 }
 
