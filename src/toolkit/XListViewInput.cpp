@@ -1,0 +1,140 @@
+// The mouse and the keys in the list itself: check boxes of several rows at once, and the editor.
+#include "toolkit/XListView.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr unsigned checkStrip = 20; // pixels behind the left edge of column 0, that one included
+
+bool IsDown(int key) {
+    return GetAsyncKeyState(key) < 0;
+}
+
+} // namespace
+
+LRESULT XListView::OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, std::uint32_t& handled) {
+    switch (message) {
+    case WM_LBUTTONDOWN:
+        LeftDown({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}, handled);
+        return 0;
+    case WM_LBUTTONDBLCLK: // the second of two quick clicks on a check box
+        handled = CheckClick();
+        return 0;
+    case WM_KEYDOWN:
+        if (wParam == VK_SPACE) {
+            handled = 1;
+            return SpacePressed(hwnd, wParam, lParam);
+        }
+        return 0;
+    case WM_VSCROLL:
+        OnScroll(LOWORD(wParam), HIWORD(wParam));
+        return 0;
+    case WM_NOTIFY: {
+        // Some systems tell only the list of a column's new width.
+        const auto* header = reinterpret_cast<const NMHEADERW*>(lParam);
+        if (header->hdr.code == HDN_ITEMCHANGINGW && header->hdr.hwndFrom == ListView_GetHeader(hwnd))
+            handled = RefuseWidth(*header);
+        return handled;
+    }
+    case WM_NCDESTROY:
+        Editor.Close();
+        Detach();
+        List = nullptr;
+        Columns.ClearSlots();
+        return 0;
+    default:
+        return 0;
+    }
+}
+
+POINT XListView::CursorPoint() const {
+    POINT point{};
+    GetCursorPos(&point);
+    ScreenToClient(List, &point);
+    return point;
+}
+
+// In pixels of the list. A report has no origin: what is scrolled away shows in the header's place.
+int XListView::CheckBoxEdge() const {
+    const HWND header = ListView_GetHeader(List);
+    const int count = Header_GetItemCount(header);
+    std::vector<int> order(static_cast<std::size_t>(std::max(count, 0)));
+    if (order.empty() || !ListView_GetColumnOrderArray(List, count, order.data()))
+        return 0;
+    int edge = 0;
+    for (std::size_t i = 0; i < order.size() && order[i] != 0; ++i)
+        edge += ListView_GetColumnWidth(List, order[i]);
+    POINT origin{};
+    if (!ListView_GetOrigin(List, &origin))
+        MapWindowPoints(header, List, &origin, 1);
+    return edge + origin.x;
+}
+
+// On a screen of more dots per inch the box itself can reach beyond the strip.
+bool XListView::IsOnCheckBox(POINT point) const {
+    if (static_cast<unsigned>(point.x - CheckBoxEdge()) <= checkStrip)
+        return true;
+    LVHITTESTINFO hit{};
+    hit.pt = point;
+    return ListView_SubItemHitTest(List, &hit) >= 0 && hit.iSubItem == 0 &&
+           (hit.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON;
+}
+
+bool XListView::CheckClick() {
+    if (!List || (ListView_GetExtendedListViewStyle(List) & LVS_EX_CHECKBOXES) == 0 ||
+        !IsOnCheckBox(CursorPoint()))
+        return false;
+    const int row = RowAtCursor();
+    if (row < 0)
+        return false;
+    SetFocus(List); // ends a label edit, as any other click does
+    if (ListView_GetItemState(List, row, LVIS_SELECTED) == 0)
+        SelectRow(row, true);
+    CheckSelected(!IsChecked(row));
+    return true;
+}
+
+void XListView::CheckSelected(bool checked) {
+    const std::vector<int> rows = GetSelectedRows();
+    for (const int row : rows)
+        SetChecked(row, checked);
+}
+
+// The control toggles the focused row; the other selected ones follow, as with a click.
+LRESULT XListView::SpacePressed(HWND hwnd, WPARAM wParam, LPARAM lParam) {
+    const int row = ListView_GetNextItem(hwnd, -1, LVNI_FOCUSED);
+    const bool wasChecked = IsChecked(row);
+    const LRESULT result = CallWindowProcW(OldProc, hwnd, WM_KEYDOWN, wParam, lParam);
+    if (List && row >= 0 && IsChecked(row) != wasChecked &&
+        ListView_GetItemState(List, row, LVIS_SELECTED) != 0)
+        CheckSelected(!wasChecked);
+    return result;
+}
+
+bool XListView::MayEdit(int row, int column) {
+    return (EditMode != 1 || column == 0) && CanEditCell(row, column);
+}
+
+void XListView::LeftDown(POINT point, std::uint32_t& handled) {
+    if (CheckClick()) {
+        handled = 1;
+        return;
+    }
+    OnLeftDown(RowAtCursor(), CursorPoint().x, handled);
+    if (EditMode == 0)
+        return;
+    Editor.Commit();
+    Editor.Close();
+    for (const int key : {VK_LCONTROL, VK_RCONTROL, VK_LSHIFT, VK_RSHIFT})
+        if (IsDown(key))
+            return;
+    LVHITTESTINFO hit{};
+    hit.pt = point;
+    if (ListView_SubItemHitTest(List, &hit) < 0 || !MayEdit(hit.iItem, hit.iSubItem))
+        return;
+    Editor.Begin(hit.iItem, hit.iSubItem, List, *this);
+    handled = 1;
+}
