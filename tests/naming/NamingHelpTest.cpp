@@ -25,11 +25,10 @@ TEST(NamingHelp, EveryRowYieldsSomethingOfItsOwn) {
         }
         const XString example = Example(row.form);
         EXPECT_EQ(example.FindChar(L'['), 0) << XString(row.form).ToNarrow();
-        if (headings == 0 && XString(row.form).FindChar(L'<') == 0 && XString(row.form) != L"\\")
-            EXPECT_FALSE(example.IsEmpty()) << XString(row.form).ToNarrow();
-        for (std::size_t other = 0; other < i; ++other)
-            if (NamingRowAt(other).form)
-                EXPECT_NE(XString(row.form), NamingRowAt(other).form) << i;
+        const bool isEmptyHere = XString(row.form).FindChar(L'<') > 0 || XString(row.form) == L"\\";
+        if (headings == 0) {
+            EXPECT_EQ(example.IsEmpty(), isEmptyHere) << XString(row.form).ToNarrow();
+        }
     }
     EXPECT_EQ(headings, 1);
     EXPECT_EQ(NamingRowCount(), 58u);
