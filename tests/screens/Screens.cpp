@@ -9,6 +9,7 @@
 #include "host/Settings.h"
 #include "resources/ids.h"
 
+#include <commctrl.h>
 #include <cstdio>
 #include <cstdlib>
 
@@ -93,6 +94,32 @@ void Finished() {
     const frmConverting form(files, seams);
 }
 
+// Every second file fails, the others have something to tell.
+void CompleteWithReports(clJobSlot& slot, const clFileItem& item) {
+    static bool fails = false;
+    PrepareSlotForFile(slot, item.sourcePath, item.outputPath, 60000);
+    fails = !fails;
+    AddLine(fails ? slot.errorText : slot.informationText,
+            fails ? L"The source is damaged: 3 of 8,612 frames could not be read"
+                  : L"The cover art was made smaller: 4 MB are too much for this format");
+    FreeSlot(slot);
+}
+
+// The form behind has a control of the same id.
+bool IsLogShown() {
+    const HWND form = FindForm(ID_LOG_TREE);
+    return form && TreeView_GetCount(GetDlgItem(form, ID_LOG_TREE)) > 0;
+}
+
+void Logs() {
+    clFileList files;
+    clConvertingSeams seams = PrepareReportingBatch(files, {8, 2, 1, 0, codec, effect});
+    seams.launch = CompleteWithReports;
+    RegWriteDword(1, Setting::displayInfo);
+    const FormDriver driver({IsLogShown, HoldForPicture}, 60000);
+    const frmConverting form(files, seams);
+}
+
 struct Screen {
     const char* name;
     void (*show)();
@@ -105,6 +132,7 @@ constexpr Screen screens[] = {
     {"options", OptionsMenu},
     {"cancel", CancelQuestion},
     {"finished", Finished},
+    {"logs", Logs},
     {"naming", [] { ShowNaming(HoldForPicture); }},
     {"naming-functions", [] { ShowNamingFunctions(HoldForPicture); }},
     {"naming-refused", [] { ShowNamingRefused(HoldForPicture); }},
