@@ -3,6 +3,7 @@
 #include "../forms/FormDriver.h"
 #include "../support/ReportingWorker.h"
 #include "NamingScreens.h"
+#include "SetupScreens.h"
 #include "engine/WorkerText.h"
 #include "foundation/XFileSystem.h"
 #include "host/PluginFolders.h"
@@ -133,6 +134,12 @@ constexpr Screen screens[] = {
     {"cancel", CancelQuestion},
     {"finished", Finished},
     {"logs", Logs},
+    {"setup-wave", [] { ShowSetup(L"Wave", HoldForPicture); }},
+    {"setup-flac", [] { ShowSetup(L"FLAC", HoldForPicture); }},
+    {"setup-mp3", [] { ShowSetup(L"mp3 (Lame)", HoldForPicture); }},
+    {"setup-list", [] { ShowSetupList(HoldForPicture); }},
+    {"setup-balloon", [] { ShowSetupBalloon(HoldForPicture); }},
+    {"new-profile", [] { ShowNewProfile(HoldForPicture); }},
     {"naming", [] { ShowNaming(HoldForPicture); }},
     {"naming-functions", [] { ShowNamingFunctions(HoldForPicture); }},
     {"naming-refused", [] { ShowNamingRefused(HoldForPicture); }},

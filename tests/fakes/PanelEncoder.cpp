@@ -1,0 +1,71 @@
+// An encoder of the tests' own whose panel is one edit field (control 5000) with the settings text.
+// FAKE_NO_SAME_FOLDER, FAKE_NO_FOLDER: it does not offer that output.
+#include "contract/Keys.h"
+#include "contract/Plugin.h"
+
+#include <windows.h>
+
+#define FAKE_EXPORT extern "C" __declspec(dllexport)
+
+namespace {
+
+#ifdef FAKE_NO_SAME_FOLDER
+constexpr bool noSameFolder = true;
+#else
+constexpr bool noSameFolder = false;
+#endif
+#ifdef FAKE_NO_FOLDER
+constexpr bool noFolder = true;
+#else
+constexpr bool noFolder = false;
+#endif
+
+HWND panel = nullptr;
+wchar_t settings[512];
+
+bool Is(const wchar_t* key, const wchar_t* other) {
+    return lstrcmpW(key, other) == 0;
+}
+
+} // namespace
+
+FAKE_EXPORT ZtInstance ENC_Create(PluginCreateBlock*) {
+    return &panel;
+}
+FAKE_EXPORT void ENC_Destroy(ZtInstance) {
+    if (panel)
+        DestroyWindow(panel);
+    panel = nullptr;
+}
+FAKE_EXPORT std::int32_t ENC_Get(ZtInstance, const wchar_t* key, PluginParams* params) {
+    if (Is(key, ZtKey::extension))
+        params->text1 = L".fke";
+    return Is(key, ZtKey::extension) || (noSameFolder && Is(key, ZtKey::disableSameFolder)) ||
+           (noFolder && Is(key, ZtKey::disableConvertToFolder));
+}
+FAKE_EXPORT std::int32_t ENC_Set(ZtInstance, const wchar_t*, PluginParams*) {
+    return 0;
+}
+FAKE_EXPORT void ENC_ShowConfigBit(ZtInstance, void* parent, std::int32_t x, std::int32_t y,
+                                   const wchar_t* text) {
+    panel =
+        CreateWindowExW(0, L"EDIT", text, WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP, x, y, 200, 22,
+                        static_cast<HWND>(parent), reinterpret_cast<HMENU>(INT_PTR{5000}), nullptr, nullptr);
+}
+FAKE_EXPORT const wchar_t* ENC_RemoveConfigBit(ZtInstance, void* parent) {
+    GetWindowTextW(panel, settings, 512);
+    if (parent != ztKeepPanel) {
+        DestroyWindow(panel);
+        panel = nullptr;
+    }
+    return settings;
+}
+FAKE_EXPORT std::int32_t ENC_BeginConversion(ZtInstance, const EncoderBeginBlock*) {
+    return 0;
+}
+FAKE_EXPORT std::int32_t ENC_EndConversion(ZtInstance, std::int32_t) {
+    return 0;
+}
+FAKE_EXPORT std::int32_t ENC_EncodeBlock(ZtInstance, const void*, std::uint32_t) {
+    return 0;
+}

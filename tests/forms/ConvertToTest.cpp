@@ -1,0 +1,305 @@
+// Items of the set-up form and what belongs to them: settings, output location, naming, effects.
+#include "../support/HandleReach.h"
+#include "SetUpFixture.h"
+#include "foundation/XFileSystem.h"
+#include "foundation/XPath.h"
+#include "host/PluginFolders.h"
+#include "naming/NamedFolders.h"
+
+namespace {
+
+constexpr wchar_t chain[] = L"-dspeffect1=\"Echo=-a {qt}b{qt}\" -dspeffect2=\"Gone=\"";
+
+XString ClassName(HWND window) {
+    wchar_t name[64] = L"";
+    GetClassNameW(window, name, 64);
+    return name;
+}
+
+class ConvertTo : public SetUpForm {
+protected:
+    ConvertTo() { RegWriteString(L"Alpha", Setting::lastCodec); }
+    static bool ShowsItem(const wchar_t* settings, int radio, const wchar_t* folder, const wchar_t* naming) {
+        return TextOf(Form(), panelEdit) == settings && IsChecked(radio) &&
+               Chosen(ID_FOLDER_LIST) == folder && TextOf(Form(), ID_NAMING) == naming;
+    }
+    static std::uint32_t StoredMode(const wchar_t* item) { return ReadRecipe(item).mode; }
+    static XString History(int index) { return RegReadString(Setting::lastFolder + DecimalText(index)); }
+    // Windows that this process shows besides those of the forms' thread: tips.
+    static bool IsTipShown(RECT* place = nullptr) {
+        struct Search {
+            RECT place{};
+            bool found = false;
+        } search;
+        EnumWindows(
+            [](HWND window, LPARAM parameter) {
+                DWORD process = 0;
+                const DWORD thread = GetWindowThreadProcessId(window, &process);
+                auto* found = reinterpret_cast<Search*>(parameter);
+                if (process == GetCurrentProcessId() && thread != GetCurrentThreadId() &&
+                    IsWindowVisible(window))
+                    found->found = GetWindowRect(window, &found->place) != 0;
+                return TRUE;
+            },
+            reinterpret_cast<LPARAM>(&search));
+        if (place)
+            *place = search.place;
+        return search.found;
+    }
+};
+
+TEST_F(ConvertTo, EachItemKeepsItsFiveValues) {
+    Store(L"Beta", L"beta 1", 2, L"E:\\out\\", L"[title]", chain);
+    const bool convert =
+        Run({[] {
+                 return ShowsItem(L"", ID_OUTPUT_ORIGINAL, FolderDisplayName(GetSpecialFolder(13), false),
+                                  defaultNaming);
+             },
+             Type(panelEdit, L"alpha 2"), Press(ID_OUTPUT_FOLDER),
+             [this] {
+                 folderChosen = L"D:\\new folder";
+                 return IsWindowEnabled(At(ID_FOLDER_BROWSE));
+             },
+             Press(ID_FOLDER_BROWSE), [] { return Chosen(ID_FOLDER_LIST) == L"D:\\new folder\\"; },
+             Type(ID_NAMING, L"[album]"), Choose(L"Beta"),
+             [] { return ShowsItem(L"beta 1", ID_OUTPUT_DYNAMIC, L"E:\\out\\", L"[title]"); },
+             [] {
+                 const clRecipe alpha = ReadRecipe(L"Alpha");
+                 EXPECT_EQ(alpha.encoderSettings, XString(L"alpha 2"));
+                 EXPECT_EQ(alpha.mode, 1U);
+                 EXPECT_EQ(alpha.folder, XString(L"D:\\new folder\\"));
+                 EXPECT_EQ(alpha.naming, XString(L"[album]"));
+                 EXPECT_EQ(alpha.effects, XString());
+                 return true;
+             },
+             Choose(L"Alpha"),
+             [] { return ShowsItem(L"alpha 2", ID_OUTPUT_FOLDER, L"D:\\new folder\\", L"[album]"); },
+             Choose(L"Beta"), Until([] { return TextOf(Form(), panelEdit) == L"beta 1"; })},
+            IDOK);
+    EXPECT_TRUE(convert);
+    EXPECT_EQ(folderShown, StripBackslash(GetSpecialFolder(13)));
+    EXPECT_EQ(RegReadString(Setting::lastCodec), XString(L"Beta"));
+    const clRecipe beta = ReadRecipe(L"Beta");
+    EXPECT_EQ(beta.mode, 2U);
+    EXPECT_EQ(beta.effects, XString(chain));
+}
+
+TEST_F(ConvertTo, OnlyTheCloseBoxDropsChanges) {
+    struct {
+        const wchar_t* settings;
+        UINT message;
+        WPARAM command;
+        bool convert, kept;
+    } const rows[] = {{L"by cancel", WM_COMMAND, IDCANCEL, false, true},
+                      {L"by close", WM_CLOSE, 0, false, false},
+                      {L"by convert", WM_COMMAND, IDOK, true, true}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(XString(row.settings)));
+        RegWriteString(L"", Setting::lastCodec);
+        const XString before = ReadRecipe(L"Alpha").encoderSettings;
+        EXPECT_EQ(Run({Choose(L"Alpha"), Until([] { return At(panelEdit) != nullptr; }),
+                       Type(panelEdit, row.settings),
+                       [&] { return PostMessageW(Form(), row.message, row.command, 0) != 0; }}),
+                  row.convert);
+        EXPECT_EQ(ReadRecipe(L"Alpha").encoderSettings, row.kept ? XString(row.settings) : before);
+        EXPECT_EQ(RegReadString(Setting::lastCodec), XString(row.kept ? L"Alpha" : L""));
+    }
+}
+
+TEST_F(ConvertTo, TheSameItemIsNotOpenedAgain) {
+    HWND panel = nullptr;
+    Run({[&] {
+             panel = At(panelEdit);
+             return panel && SetWindowTextW(panel, L"typed");
+         },
+         Choose(L"Alpha"), // handled before the next step, as both are posted
+         [&] {
+             EXPECT_EQ(At(panelEdit), panel);
+             EXPECT_EQ(TextOf(panel), XString(L"typed"));
+             return true;
+         }},
+        IDCANCEL);
+}
+
+TEST_F(ConvertTo, EncodersRuleOutputsOut) {
+    struct {
+        const wchar_t* encoder;
+        std::uint32_t mode;
+        int checked; // 0: none
+        std::uint32_t stored;
+    } const rows[] = {{L"NoSame", 0, ID_OUTPUT_FOLDER, 1},
+                      {L"NoSame", 2, ID_OUTPUT_DYNAMIC, 2},
+                      {L"NoFolder", 1, ID_OUTPUT_ORIGINAL, 0},
+                      {L"NoFolder", 2, ID_OUTPUT_ORIGINAL, 0},
+                      {L"Neither", 0, 0, 0},
+                      {L"Neither", 2, 0, 0},
+                      {L"Beta", 7, 0, 0}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(XString(row.encoder)));
+        Store(row.encoder, L"", row.mode, L"E:\\", L"x", L"");
+        Run({Choose(row.encoder), [&] { return At(panelEdit) && Chosen(ID_FOLDER_LIST) == L"E:\\"; },
+             [&] {
+                 for (const int id : {ID_OUTPUT_ORIGINAL, ID_OUTPUT_FOLDER, ID_OUTPUT_DYNAMIC})
+                     EXPECT_EQ(IsChecked(id), id == row.checked) << id;
+                 EXPECT_EQ(IsWindowEnabled(At(ID_FOLDER_LIST)),
+                           row.checked != 0 && row.checked != ID_OUTPUT_ORIGINAL);
+                 EXPECT_EQ(IsWindowEnabled(At(ID_NAMING)), row.checked == ID_OUTPUT_DYNAMIC);
+                 return true;
+             }},
+            IDCANCEL);
+        EXPECT_EQ(StoredMode(row.encoder), row.stored);
+        RegWriteString(L"Alpha", Setting::lastCodec);
+    }
+}
+
+TEST_F(ConvertTo, ABalloonPointsAtWhatTheItemChanged) {
+    struct {
+        std::uint32_t mode;
+        const wchar_t* folder;
+        const wchar_t* effects;
+        int control; // 0: no balloon
+    } const rows[] = {{0, L"E:\\", L"", 0},
+                      {2, L"E:\\", chain, ID_OUTPUT_FOLDER},
+                      {0, L"F:\\", L"", ID_OUTPUT_FOLDER},
+                      {0, L"E:\\", chain, ID_OPTIONS_TAB}};
+    for (const auto& row : rows) {
+        Store(L"Alpha", L"a", 0, L"E:\\", L"x", L"");
+        Store(L"Beta", L"b", row.mode, row.folder, L"x", row.effects);
+        RegWriteString(L"Alpha", Setting::lastCodec);
+        RECT tip{}, control{};
+        Run({[] {
+                 EXPECT_FALSE(IsTipShown()); // none at the start
+                 return true;
+             },
+             Choose(L"Beta"), Until([] { return TextOf(Form(), panelEdit) == L"b"; }),
+             [&] {
+                 EXPECT_EQ(IsTipShown(&tip), row.control != 0) << row.control;
+                 GetWindowRect(At(row.control ? row.control : ID_OUTPUT_FOLDER), &control);
+                 return true;
+             }},
+            IDCANCEL);
+        if (row.control) {
+            EXPECT_EQ(tip.left, control.left + 30) << row.control;
+            EXPECT_NEAR(tip.bottom, control.top + 10, 2) << row.control;
+        }
+    }
+}
+
+TEST_F(ConvertTo, FoldersComeBackNewestFirst) {
+    Store(L"Alpha", L"", 1, L"D:\\2\\", L"", L"");
+    const wchar_t* stored[] = {L"D:\\0\\", L"\\\\server\\1\\", L"D:\\2\\", L"",        L"D:\\4\\",
+                               L"D:\\5\\", L"D:\\6\\",         L"D:\\7\\", L"D:\\8\\", L"D:\\9\\"};
+    for (int i = 0; i < 10; ++i)
+        RegWriteString(stored[i], Setting::lastFolder + DecimalText(i));
+    const auto texts = [] {
+        XString all;
+        wchar_t text[300] = L"";
+        const HWND list = At(ID_FOLDER_LIST);
+        for (WPARAM i = 0; SendMessageW(list, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text)) >= 0; ++i)
+            all += text;
+        return all;
+    };
+    Run({[&] {
+             EXPECT_EQ(texts(), XString(L"D:\\2\\D:\\0\\D:\\4\\D:\\5\\D:\\6\\D:\\7\\D:\\8\\D:\\9\\"));
+             folderChosen = L"\\\\server\\new";
+             return true;
+         },
+         Press(ID_FOLDER_BROWSE), Until([] { return Chosen(ID_FOLDER_LIST) == L"\\\\server\\new\\"; })},
+        IDOK);
+    const wchar_t* expected[] = {L"\\\\server\\new\\", L"D:\\2\\", L"D:\\0\\", L"D:\\4\\", L"D:\\5\\"};
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(History(i), XString(expected[i])) << i;
+    Run({[&] {
+            EXPECT_EQ(texts().Left(5), XString(L"\\\\ser")); // the item's own folder all the same
+            return true;
+        }},
+        IDCANCEL);
+}
+
+TEST_F(ConvertTo, LongTextsAreKept) {
+    XString naming;
+    for (int i = 0; i < 1111; ++i)
+        naming += L"[title] - ";
+    naming = naming.Left(longestNaming);
+    Store(L"Alpha", L"", 2, L"D:\\a folder with a very long name\\and one below it with a long name, too\\",
+          naming, L"");
+    Run({[] {
+            SendMessageW(At(ID_NAMING), EM_SETSEL, 0, 0);
+            SendMessageW(At(ID_NAMING), WM_CHAR, L'x', 0); // no room
+            return true;
+        }},
+        IDOK);
+    EXPECT_EQ(ReadRecipe(L"Alpha").naming, naming);
+}
+
+// Tab leads from the list of encoders into the panel, and from there down the form.
+TEST_F(ConvertTo, TabFollowsTheForm) {
+    Store(L"Alpha", L"", 2, L"E:\\", L"x", L"");
+    Run({[] {
+            XString order;
+            HWND stop = At(ID_ENCODER_LIST);
+            for (int i = 0; i < 11; ++i) {
+                order += DecimalText(GetDlgCtrlID(stop)) + L" ";
+                stop = GetNextDlgTabItem(Form(), stop, FALSE);
+                if (GetParent(stop) == Form() && ClassName(stop).EqualsNoCase(L"ListBox")) {
+                    order += L"list ";
+                    stop = GetNextDlgTabItem(Form(), stop, FALSE);
+                }
+            }
+            EXPECT_EQ(order, XString(L"1001 5000 1008 1006 1007 1039 1011 list 1040 1 2 1001 "));
+            return true;
+        }},
+        IDCANCEL);
+}
+
+TEST_F(ConvertTo, TheProgramsOwnEncodersShowTheirPanels) {
+    XString program = StripBackslash(ProgramFolder()), last;
+    PopLastFolder(last, program);
+    PopLastFolder(last, program);
+    program = AddBackslash(program) + L"Tonemill\\";
+    SetPluginRoot(program);
+    SetDllDirectoryW(program); // what plug-ins import stands beside the program
+    const auto panel = [] { return FindWindowExW(Form(), nullptr, L"#32770", nullptr); };
+    XString settings;
+    Run({Choose(L"Wave"),
+         [&] {
+             const HWND shown = panel();
+             if (!shown)
+                 return false;
+             RECT place{};
+             GetWindowRect(shown, &place);
+             MapWindowPoints(nullptr, Form(), reinterpret_cast<POINT*>(&place), 2);
+             RECT room = {21, 33, 321, 147};
+             MapDialogRect(Form(), &room);
+             EXPECT_EQ(place.left, room.left);
+             EXPECT_EQ(place.top, room.top);
+             EXPECT_LE(place.right, room.right);
+             EXPECT_LE(place.bottom, room.bottom);
+             return true;
+         }},
+        IDOK);
+    EXPECT_EQ(RegReadString(Setting::lastCodec), XString(L"Wave"));
+    SetDllDirectoryW(nullptr);
+}
+
+TEST_F(ConvertTo, HoldsNoHandlesOfEarlierShowings) {
+    Store(L"Beta", L"b", 2, L"E:\\", L"x", chain);
+    Store(L"Mine \"Beta\"", L"c", 1, L"F:\\", L"x", chain);
+    const auto showSome = [this](int times) {
+        for (int i = 0; i < times; ++i) {
+            RegWriteString(L"Alpha", Setting::lastCodec);
+            Run({Choose(L"Mine \"Beta\""), Until([] { return TextOf(Form(), panelEdit) == L"c"; }),
+                 Choose(L"Beta"), Until([] { return TextOf(Form(), panelEdit) == L"b"; })},
+                IDOK);
+        }
+    };
+    showSome(5);
+    const HandleReach before;
+    showSome(50);
+    const HandleReach after;
+    EXPECT_LE(after.gdi, before.gdi);
+    EXPECT_LE(after.user, before.user);
+    EXPECT_LE(after.kernel, before.kernel);
+}
+
+} // namespace

@@ -1,0 +1,208 @@
+// The encoder list of the set-up form: its rows, its commands, profiles.
+#include "SetUpFixture.h"
+#include "foundation/XFile.h"
+#include "foundation/XFileSystem.h"
+#include "host/PluginFolders.h"
+
+#include <cstring>
+
+namespace {
+
+constexpr wchar_t taken[] = L"A profile already exists with this name.";
+constexpr wchar_t question[] = L"The encoder 'Gamma' has to be downloaded and installed before it can be "
+                               L"used.\r\n\r\nDownload encoder from Internet now?";
+constexpr wchar_t newProfile[] = L"[Create New Profile]";
+constexpr wchar_t deleteProfile[] = L"[Delete Selected Profile]";
+constexpr wchar_t encoders[] = L"Alpha|Beta|Neither|NoFolder|NoSame|";
+
+class EncoderList : public SetUpForm {
+protected:
+    EncoderList() {
+        RegWriteString(L"Alpha", Setting::lastCodec);
+        RegWriteDword(1, Setting::allowProfiles);
+    }
+    ~EncoderList() override {
+        DeleteOneFile(root + smartInstallFileName);
+        DeleteOneFile(root + L"encoder\\Broken.dll");
+    }
+    void Place(const wchar_t* name, const char* text) const {
+        XFile file(root + name);
+        ASSERT_TRUE(file.Open(GENERIC_WRITE, CREATE_ALWAYS));
+        ASSERT_TRUE(file.Write(text, static_cast<DWORD>(std::strlen(text))));
+    }
+    static XString RowTexts() {
+        XString all;
+        wchar_t text[300] = L"";
+        const HWND list = At(ID_ENCODER_LIST);
+        for (WPARAM i = 0; SendMessageW(list, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text)) >= 0; ++i)
+            all += XString(text) + L"|";
+        return all;
+    }
+    static bool HasKey(const wchar_t* item) {
+        XStringArray keys;
+        RegEnumSubkeys(nullptr, SettingsPath(Setting::keyCodecs), keys);
+        return keys.Contains(item, false);
+    }
+    static bool IsOpen(const wchar_t* item) {
+        return Chosen(ID_ENCODER_LIST) == item && At(panelEdit) && IsWindowEnabled(Form());
+    }
+    static HWND Profile() { return FindForm(ID_PROFILE_NAME); }
+    static Step TypeName(const wchar_t* name) {
+        return [name] {
+            return Profile() && IsWindowVisible(Profile()) && IsWindowEnabled(Profile()) &&
+                   SetWindowTextW(GetDlgItem(Profile(), ID_PROFILE_NAME), name);
+        };
+    }
+    static Step Leave(int button) {
+        return [button] { return PostMessageW(GetDlgItem(Profile(), button), BM_CLICK, 0, 0) != 0; };
+    }
+};
+
+TEST_F(EncoderList, ShowsAllKindsInTheirOrder) {
+    Place(smartInstallFileName, ".mp3\r\nGamma\r\nhttp://a\r\n.x\r\nALPHA\r\nhttp://b\r\n"
+                                ".y\r\nDisc (read only)\r\nhttp://c\r\n.z\r\nHalf\r\n");
+    Store(L"My \"own\" set \"Beta\"", L"", 0, L"", L"", L"");
+    Store(L"Lost \"Nowhere\"", L"", 0, L"", L"", L"");
+    Store(L"Alpha", L"", 0, L"", L"", L"");
+    struct {
+        DWORD allow;
+        const wchar_t* last;
+        const wchar_t* chosen;
+    } const rows[] = {{1, L"Beta", L"Beta"},
+                      {0, L"Beta", L"Beta"},
+                      {1, L"beta", L"Alpha"}, // no such item, no Wave: the first row
+                      {1, L"Gamma", L"Alpha"},
+                      {1, newProfile, L"Alpha"},
+                      {0, L"My \"own\" set \"Beta\"", L"My \"own\" set \"Beta\""}};
+    for (const auto& row : rows) {
+        RegWriteDword(row.allow, Setting::allowProfiles);
+        RegWriteString(row.last, Setting::lastCodec);
+        Run({[&] {
+                XString expected = XString(encoders) + L"Gamma|";
+                if (row.allow)
+                    expected += XString(newProfile) + L"|" + deleteProfile + L"|";
+                const XString texts = RowTexts();
+                EXPECT_TRUE(texts.StartsWith(expected)) << testing::PrintToString(texts);
+                for (const wchar_t* profile : {L"|My \"own\" set \"Beta\"|", L"|Lost \"Nowhere\"|"})
+                    EXPECT_GT(texts.Find(profile), 0) << testing::PrintToString(texts);
+                EXPECT_EQ(Chosen(ID_ENCODER_LIST), XString(row.chosen));
+                return true;
+            }},
+            IDCANCEL);
+        EXPECT_EQ(RegReadString(Setting::lastCodec), XString(row.chosen));
+    }
+}
+
+TEST_F(EncoderList, AnEncoderThatIsNotThereIsOnlyOffered) {
+    Place(smartInstallFileName, ".mp3\r\nGamma\r\nhttp://gamma.example/\r\n");
+    Run({Choose(L"Gamma"), Answer(question, IDNO), Until([] { return IsOpen(L"Alpha"); }),
+         [this] {
+             EXPECT_TRUE(opened.IsEmpty());
+             return true;
+         },
+         Choose(L"Gamma"), Answer(question, IDYES), Until([this] { return opened.Count() == 1; }),
+         Until([] { return IsOpen(L"Alpha"); })},
+        IDOK);
+    EXPECT_EQ(opened[0], XString(L"http://gamma.example/"));
+    EXPECT_FALSE(HasKey(L"Gamma"));
+    EXPECT_EQ(RegReadString(Setting::lastCodec), XString(L"Alpha"));
+}
+
+TEST_F(EncoderList, ProfilesAreMadeRefusedAndDeleted) {
+    constexpr wchar_t fast[] = L" fast \"Alpha\"";
+    Run({Type(panelEdit, L"of Alpha"),
+         Choose(newProfile),
+         [] {
+             const HWND form = Profile();
+             if (!form || !IsWindowVisible(form))
+                 return false;
+             EXPECT_EQ(TextOf(form, ID_PROFILE_NAME), XString(L"<type profile name>"));
+             EXPECT_EQ(TextOf(form, ID_PROFILE_ENCODER), XString(L"'Alpha'"));
+             EXPECT_FALSE(IsWindowEnabled(GetDlgItem(form, IDOK)));
+             for (const wchar_t* name : {L"a", L"", L"<TYPE profile name>", L"<type profile name>"}) {
+                 SetWindowTextW(GetDlgItem(form, ID_PROFILE_NAME), name);
+                 EXPECT_EQ(IsWindowEnabled(GetDlgItem(form, IDOK)) != 0, name[0] == L'a' || name[1] == L'T');
+             }
+             return true;
+         },
+         Leave(IDCANCEL),
+         Until([] { return IsOpen(L"Alpha"); }),
+         Choose(newProfile),
+         TypeName(L" fast"),
+         Leave(IDOK),
+         Until([=] { return IsOpen(fast); }),
+         [=] {
+             EXPECT_EQ(TextOf(Form(), panelEdit), XString()); // no copy of the encoder's settings
+             EXPECT_EQ(ReadRecipe(L"Alpha").encoderSettings, XString(L"of Alpha"));
+             return true;
+         },
+         Type(panelEdit, L"of fast"),
+         Choose(newProfile),
+         TypeName(L" FAST"),
+         Leave(IDOK),
+         Answer(taken, IDOK),
+         TypeName(L"slow"),
+         Leave(IDOK),
+         Until([] { return IsOpen(L"slow \"Alpha\""); }),
+         [=] {
+             EXPECT_EQ(ReadRecipe(fast).encoderSettings, XString(L"of fast"));
+             return true;
+         },
+         Choose(L"Beta"),
+         Until([] { return IsOpen(L"Beta"); }),
+         Choose(newProfile),
+         TypeName(L"slow"),
+         Leave(IDOK), // the same name on another encoder
+         Until([] { return IsOpen(L"slow \"Beta\""); }),
+         Choose(deleteProfile),
+         Until([] { return IsOpen(L"Alpha"); }),
+         [] {
+             EXPECT_TRUE(HasKey(L"slow \"Alpha\""));
+             EXPECT_FALSE(HasKey(L"slow \"Beta\""));
+             return true;
+         },
+         Choose(deleteProfile),
+         Until([] { return IsOpen(L"Alpha"); }),
+         Choose(fast),
+         Until([=] { return IsOpen(fast); }),
+         Choose(deleteProfile),
+         Until([] { return IsOpen(L"Alpha"); }),
+         [] {
+             EXPECT_EQ(TextOf(Form(), panelEdit), XString(L"of Alpha"));
+             EXPECT_EQ(RowTexts(),
+                       XString(encoders) + newProfile + L"|" + deleteProfile + L"|slow \"Alpha\"|");
+             return true;
+         }},
+        IDOK);
+    EXPECT_FALSE(HasKey(fast));
+    EXPECT_TRUE(HasKey(L"Alpha"));
+    EXPECT_FALSE(HasKey(newProfile));
+    EXPECT_FALSE(HasKey(deleteProfile));
+}
+
+TEST_F(EncoderList, ABrokenEncoderHasARowAndNoPanel) {
+    Place(L"encoder\\Broken.dll", "no library");
+    Store(L"Broken", L"kept", 1, L"E:\\", L"x", L"");
+    const bool convert = Run({Choose(L"Broken"), Until([] { return Chosen(ID_FOLDER_LIST) == L"E:\\"; }),
+                              [] {
+                                  EXPECT_EQ(At(panelEdit), nullptr);
+                                  return true;
+                              },
+                              Type(ID_NAMING, L"changed")},
+                             IDOK);
+    EXPECT_TRUE(convert);
+    EXPECT_EQ(ReadRecipe(L"Broken").naming, XString(L"x"));
+    EXPECT_EQ(RegReadString(Setting::lastCodec), XString(L"Broken"));
+}
+
+TEST_F(EncoderList, MayBeEmpty) {
+    SetPluginRoot(root + L"nothing here\\");
+    RegWriteDword(0, Setting::allowProfiles);
+    Run({[] {
+            EXPECT_EQ(RowTexts(), XString());
+            return true;
+        }},
+        IDOK);
+}
+
+} // namespace

@@ -1,0 +1,92 @@
+// Files that come to the set-up form while it is open: dropped, and handed over by another start.
+#include "SetUpFixture.h"
+#include "foundation/XFile.h"
+#include "foundation/XFileSystem.h"
+#include "host/HandOff.h"
+
+#include <shlobj.h>
+
+#include <cstring>
+
+namespace {
+
+class SourceFiles : public SetUpForm {
+protected:
+    SourceFiles() : folder(TempFolder() + L"tm-setup\\") {
+        DeleteTree(folder);
+        MakeFolders(folder + L"in");
+    }
+    ~SourceFiles() override { DeleteTree(folder); }
+    void Make(const wchar_t* name, const XString& text = XString()) const {
+        XFile file(folder + name);
+        ASSERT_TRUE(file.Open(GENERIC_WRITE, CREATE_ALWAYS));
+        file.Write(text.Text(), static_cast<DWORD>(text.Count()) * sizeof(wchar_t));
+    }
+    static bool SaysFiles(const wchar_t* count) {
+        return TextOf(Form(), ID_FILE_COUNT) == XString(L"Converting ") + count;
+    }
+    XString folder;
+};
+
+HDROP MakeDrop(const XString& path) {
+    const SIZE_T size = sizeof(DROPFILES) + (static_cast<SIZE_T>(path.Count()) + 2) * sizeof(wchar_t);
+    const HGLOBAL block = GlobalAlloc(GHND, size);
+    auto* drop = static_cast<DROPFILES*>(GlobalLock(block));
+    drop->pFiles = sizeof(DROPFILES);
+    drop->fWide = TRUE;
+    std::memcpy(drop + 1, path.Text(), static_cast<SIZE_T>(path.Count()) * sizeof(wchar_t));
+    GlobalUnlock(block);
+    return static_cast<HDROP>(block);
+}
+
+TEST_F(SourceFiles, CountsWhatIsNotLeftOut) {
+    for (int i = 0; i < 3; ++i)
+        files.Append();
+    files[1].skipFlag = 1;
+    Run({[] { return SaysFiles(L"2 Files"); }}, IDCANCEL);
+    files[0].skipFlag = 2;
+    Run({[] { return SaysFiles(L"1 File"); }}, IDCANCEL);
+}
+
+TEST_F(SourceFiles, TakesDroppedFilesOfKnownTypesOnce) {
+    for (const wchar_t* name : {L"one.aaa", L"in\\two.AAA", L"in\\three.txt"})
+        Make(name);
+    const auto drop = [this](const wchar_t* name) -> Step {
+        return [this, name] {
+            return PostMessageW(Form(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(folder + name)), 0) !=
+                   0;
+        };
+    };
+    Run({drop(L"one.aaa"), [] { return SaysFiles(L"1 File"); }, drop(L"in\\three.txt"), drop(L"ONE.aaa"),
+         drop(L"in"), [] { return SaysFiles(L"2 Files"); }},
+        IDCANCEL);
+    EXPECT_EQ(files.Count(), 2);
+    EXPECT_EQ(files[1].sourcePath, folder + L"in\\two.AAA");
+}
+
+TEST_F(SourceFiles, TakesWhatAnotherStartHandsOver) {
+    Make(L"list.txt", L"Q:\\b.wav\r\nQ:\\a.wav\r\n\r\nQ:\\B.WAV\r\n");
+    Make(L"more.txt", L"Q:\\c.wav\r\n");
+    const XString list = folder + L"list.txt", more = folder + L"more.txt";
+    EXPECT_FALSE(TryHandOff(list)); // before the form
+    XFile busy(HandOffPath());
+    Run({[&] { return TryHandOff(list); }, [] { return SaysFiles(L"2 Files"); },
+         [&] {
+             EXPECT_FALSE(PathExists(HandOffPath()));
+             EXPECT_TRUE(TryHandOff(more));
+             return busy.Open(GENERIC_READ, OPEN_EXISTING, false, false); // as if it were being written
+         },
+         [start = GetTickCount()] { return GetTickCount() - start > 1300; }, // two ticks in vain
+         [&] {
+             EXPECT_TRUE(SaysFiles(L"2 Files"));
+             busy.Close();
+             return true;
+         },
+         [] { return SaysFiles(L"3 Files"); }},
+        IDCANCEL);
+    EXPECT_FALSE(TryHandOff(more)); // after it
+    EXPECT_EQ(files[0].sourcePath, XString(L"Q:\\a.wav"));
+    EXPECT_TRUE(IsFile(list)); // the sender's own
+}
+
+} // namespace

@@ -1,0 +1,80 @@
+// The set-up form with each encoder's panel and each output mode, and what opens from its encoder list.
+#include "SetupScreens.h"
+
+#include "forms/setup/frmConvertToOpt.h"
+#include "host/Settings.h"
+#include "resources/ids.h"
+
+namespace {
+
+constexpr wchar_t effects[] =
+    L"-dspeffect1=\"Playlist Writer=\" -dspeffect2=\"Batch Report=-file={qt}D:\\Converted\\report.txt{qt}\"";
+constexpr wchar_t profile[] = L"Portable player, small files \"mp3 (Lame)\"";
+
+void Store(const wchar_t* item, std::uint32_t mode, const wchar_t* folder, const wchar_t* chain) {
+    clRecipe recipe;
+    recipe.mode = mode;
+    recipe.folder = folder;
+    recipe.naming = L"[album artist]\\[album]\\[track] - [title]";
+    recipe.effects = chain;
+    WriteRecipe(item, recipe);
+}
+
+void StoreAll() {
+    Store(L"Wave", outputSourceFolder, L"", L"");
+    Store(L"FLAC", outputChosenFolder, L"D:\\Music archive\\Lossless, from the shelves in the hall\\2024\\",
+          L"");
+    Store(L"mp3 (Lame)", outputDynamic, L"C:\\Converted Music\\", effects);
+    Store(profile, outputDynamic, L"C:\\Converted Music\\", effects);
+    RegWriteDword(1, Setting::allowProfiles);
+}
+
+HWND Form() {
+    const HWND form = FindForm(ID_ENCODER_LIST);
+    return form && IsWindowVisible(form) ? form : nullptr;
+}
+
+bool Choose(int row) {
+    const HWND list = Form() ? GetDlgItem(Form(), ID_ENCODER_LIST) : nullptr;
+    return list && SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(row), 0) >= 0 &&
+           PostMessageW(Form(), WM_COMMAND, MAKEWPARAM(ID_ENCODER_LIST, CBN_SELCHANGE),
+                        reinterpret_cast<LPARAM>(list));
+}
+
+void ShowHeld(const wchar_t* item, std::vector<FormDriver::Step> steps) {
+    StoreAll();
+    RegWriteString(item, Setting::lastCodec);
+    clFileList files;
+    for (int i = 0; i < 1234; ++i)
+        files.Append();
+    bool convert = false;
+    const FormDriver driver(std::move(steps), 60000);
+    const frmConvertToOpt form(convert, files);
+}
+
+} // namespace
+
+void ShowSetup(const wchar_t* encoder, const FormDriver::Step& hold) {
+    ShowHeld(encoder, {[] { return Form() != nullptr; }, hold});
+}
+
+void ShowSetupList(const FormDriver::Step& hold) {
+    ShowHeld(
+        L"FLAC",
+        {[] { return Form() && SendMessageW(GetDlgItem(Form(), ID_ENCODER_LIST), CB_SHOWDROPDOWN, TRUE, 0); },
+         hold});
+}
+
+void ShowSetupBalloon(const FormDriver::Step& hold) {
+    ShowHeld(L"Wave", {[] { return Choose(1); },
+                       [] { return TextOf(Form(), ID_NAMING).StartsWith(L"[album artist]"); }, hold});
+}
+
+void ShowNewProfile(const FormDriver::Step& hold) {
+    ShowHeld(L"FLAC", {[] { return Choose(3); },
+                       [] {
+                           const HWND form = FindForm(ID_PROFILE_NAME);
+                           return form && SetWindowTextW(GetDlgItem(form, ID_PROFILE_NAME), L"Archive");
+                       },
+                       hold});
+}
