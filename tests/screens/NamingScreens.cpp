@@ -30,9 +30,8 @@ void ShowNamingFunctions(const FormDriver::Step& hold) {
         L"[MAXLENGTH]40,[title][] [UPPER][genre][] [audio_quality] [encoder+]",
         [] {
             const HWND list = ListOf(FindForm(ID_NAMING_TEMPLATE));
-            const int last = static_cast<int>(SendMessageW(list, LB_GETCOUNT, 0, 0)) - 1;
-            SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(last - 3), 0);
-            SendMessageW(list, LB_SETTOPINDEX, static_cast<WPARAM>(last), 0);
+            SendMessageW(list, LB_SETCURSEL, 41, 0);
+            SendMessageW(list, LB_SETTOPINDEX, 35, 0);
             return SetFocus(list) != nullptr;
         },
         hold);

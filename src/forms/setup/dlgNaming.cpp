@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int longestTemplate = 9999; // characters
+constexpr int longestPath = 32767;    // that the system takes in any form
 
 // The list, in dialog units; its columns and rows in pixels at 96 dpi.
 constexpr int listX = 7;
@@ -128,7 +129,10 @@ LRESULT dlgNaming::PreMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
 void dlgNaming::UpdateExample() {
     const HWND edit = Control(ID_NAMING_TEMPLATE);
     const XString text = ReadText(edit, static_cast<int>(SendMessageW(edit, WM_GETTEXTLENGTH, 0, 0)));
-    SetTextIfChanged(Control(ID_NAMING_EXAMPLE), shownExample, NamingExample(text));
+    XString example = NamingExample(text);
+    if (example.Count() > longestPath) // an edit field takes seconds for a million characters
+        example.SetLength(longestPath);
+    SetTextIfChanged(Control(ID_NAMING_EXAMPLE), shownExample, example);
 }
 
 // Always at the end, wherever the caret stood.
@@ -152,6 +156,11 @@ void dlgNaming::OnElementClick() {
 void dlgNaming::_ValueList::OnSelect() {
     if (!isTyping)
         form.OnElementClick();
+}
+
+// Its first click has added the row; the list box may have taken the focus back since.
+void dlgNaming::_ValueList::OnDoubleClick(int) {
+    SetFocus(form.Control(ID_NAMING_TEMPLATE));
 }
 
 // From the keyboard a row is chosen by arrows, pages and letters, and added by a blank.

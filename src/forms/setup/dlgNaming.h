@@ -30,6 +30,7 @@ private:
     public:
         explicit _ValueList(dlgNaming& form) : form(form) {}
         void OnSelect() override; // the click on a row
+        void OnDoubleClick(int row) override;
         LRESULT OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam,
                           std::uint32_t& handled) override;
 
