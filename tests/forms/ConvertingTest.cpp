@@ -244,37 +244,43 @@ TEST_F(Converting, CancelAsksFirst) {
     EXPECT_EQ(powerAction, -1);
 }
 
-// The last worker goes while the question is open a second time: that keeps the form ticking.
-TEST_F(Converting, EndsOnceBehindAnOpenQuestion) {
+// The last worker goes while a menu or a second question keeps a loop of its own: the form takes it
+// down and ends once.
+TEST_F(Converting, EndsOnceBehindAnOpenQuestionOrMenu) {
     AddFiles(1);
-    clJobSlot* worker = nullptr;
-    DWORD freed = 0;
-    seams.launch = [&](clJobSlot& slot, const clFileItem&) { (worker = &slot)->running = true; };
-    powerAction = 0;
     powerFunction = [](std::int32_t) { ++powerAction; };
-    const auto ask = [&] { return worker && Press(ID_BUTTON_CANCEL); };
     const auto answer = [](int button) {
         const HWND box = FindBox(L"Cancel Conversion?");
         return box && PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
     };
-    const FormDriver driver({
-        [] { return SendMessageW(FindForm(ID_HEADING), WM_COMMAND, ID_AFTER_LOG_OFF, 0) == 0; },
-        ask,
-        [&] { return answer(IDYES); },
-        [] { return !FindBox(L"Cancel Conversion?"); },
-        ask,
-        [&] {
-            if (!FindBox(L"Cancel Conversion?"))
-                return false;
-            FreeSlot(*worker);
-            freed = GetTickCount();
-            return true;
-        },
-        [&] { return GetTickCount() - freed > 300 && answer(IDNO); },
-    });
-    { const frmConverting form(files, seams); }
-    EXPECT_TRUE(driver.IsDone());
-    EXPECT_EQ(powerAction, 1);
+    const auto isMenuOpen = [] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & GUI_INMENUMODE) != 0;
+    };
+    for (const int button : {ID_BUTTON_CANCEL, ID_BUTTON_OPTIONS}) {
+        clJobSlot* worker = nullptr;
+        DWORD freed = 0;
+        powerAction = 0;
+        seams.launch = [&](clJobSlot& slot, const clFileItem&) { (worker = &slot)->running = true; };
+        const FormDriver driver({
+            [] { return SendMessageW(FindForm(ID_HEADING), WM_COMMAND, ID_AFTER_LOG_OFF, 0) == 0; },
+            [&] { return worker && Press(ID_BUTTON_CANCEL); },
+            [&] { return answer(IDYES); },
+            [&] { return !FindBox(L"Cancel Conversion?") && Press(button); },
+            [&] {
+                if (!FindBox(L"Cancel Conversion?") && !isMenuOpen())
+                    return false;
+                FreeSlot(*worker);
+                freed = GetTickCount();
+                return true;
+            },
+            [&] { return GetTickCount() - freed > 3000 && (EndMenu() | answer(IDNO)); },
+        });
+        { const frmConverting form(files, seams); }
+        EXPECT_EQ(driver.StepsDone(), 5U) << button; // without the help of the last one
+        EXPECT_EQ(powerAction, 1) << button;
+    }
 }
 
 TEST_F(Converting, PauseHoldsTheBatch) {

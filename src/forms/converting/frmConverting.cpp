@@ -205,6 +205,8 @@ void frmConverting::ShareLogs(bool canReconvert) {
 }
 
 void frmConverting::ViewLogs() {
+    if (isEnding)
+        return; // the log of the end is open
     ShareLogs(false);
     logs.ShowDuringBatch(Hwnd);
 }

@@ -74,6 +74,7 @@ private:
     void ShowHeading(const wchar_t* text);
     void ShowRowTexts(std::uint32_t slots); // bit k: slot k
     void FinishBatch();
+    void EndOpenLoops();
     void EndConversion();
     void SavePosition();
     [[nodiscard]] bool AskOverwrite(XArray<clOverwriteItem>& items);

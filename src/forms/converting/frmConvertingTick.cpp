@@ -29,6 +29,7 @@ void frmConverting::TimerStep() {
     case clTickOutcome::nothing:
         break;
     case clTickOutcome::abandoned:
+        EndOpenLoops();
         EndDialog(Hwnd, 0);
         break;
     case clTickOutcome::finishBatch:
@@ -99,11 +100,22 @@ void frmConverting::FinishBatch() {
         EndConversion();
 }
 
+// The Options menu and the question of a cancel have loops of their own, which would stay on the
+// screen, and the form hidden behind them, until the user answers.
+void frmConverting::EndOpenLoops() {
+    EndMenu();
+    HWND box = nullptr;
+    while ((box = FindWindowExW(nullptr, box, L"#32770", programCaption)) != nullptr)
+        if (GetWindow(box, GW_OWNER) == Hwnd)
+            SendMessageW(box, WM_COMMAND, IDNO, 0);
+}
+
 void frmConverting::EndConversion() {
     // A menu, a question or a drag of the window keeps the form, and so its ticks, alive behind the end.
     if (isEnding)
         return;
     isEnding = true;
+    EndOpenLoops();
     SavePosition();
     PerformPowerAction(options.afterConversion);
     XArray<clLogEntry>& errors = conversion.scheduler.errorLog;
