@@ -11,6 +11,8 @@ constexpr std::uint32_t rowSelected = 4, rowUnselected = 8;
 constexpr std::uint32_t rowFocused = 64, rowUnfocused = 128;
 constexpr std::uint32_t rowInList = 256; // not in the closed box
 
+constexpr int textGap = 4; // right of a text that is shortened
+
 constexpr COLORREF pale = 0xC0C0C0; // separators, and texts of a disabled control
 
 } // namespace
@@ -212,6 +214,8 @@ void XDropList::Draw(const DRAWITEMSTRUCT& draw) {
     XDisplayList& list = Current ? Current->Records : empty;
     list.FitTo(width, height);
     list.ActiveMask = MaskOf(draw.itemState);
+    if (Current)
+        list.Texts[0].MaxWidth = std::max(1, width - Scaled(TextX) - Scaled(textGap));
     const bool isPale = Current && (draw.itemState & ODS_DISABLED);
     const std::uint32_t colour = isPale ? list.Texts[0].Colour : 0;
     if (isPale)

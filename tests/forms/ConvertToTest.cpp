@@ -238,7 +238,7 @@ TEST_F(ConvertTo, TabFollowsTheForm) {
     Run({[] {
             XString order;
             HWND stop = At(ID_ENCODER_LIST);
-            for (int i = 0; i < 11; ++i) {
+            for (int i = 0; i < 12; ++i) {
                 order += DecimalText(GetDlgCtrlID(stop)) + L" ";
                 stop = GetNextDlgTabItem(Form(), stop, FALSE);
                 if (GetParent(stop) == Form() && ClassName(stop).EqualsNoCase(L"ListBox")) {
@@ -246,7 +246,7 @@ TEST_F(ConvertTo, TabFollowsTheForm) {
                     stop = GetNextDlgTabItem(Form(), stop, FALSE);
                 }
             }
-            EXPECT_EQ(order, XString(L"1001 5000 1008 1006 1007 1039 1011 list 1040 1 2 1001 "));
+            EXPECT_EQ(order, XString(L"1001 5000 1008 1006 1007 1039 1011 list 1040 1002 1 2 1001 "));
             return true;
         }},
         IDCANCEL);

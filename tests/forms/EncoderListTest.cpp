@@ -180,6 +180,21 @@ TEST_F(EncoderList, ProfilesAreMadeRefusedAndDeleted) {
     EXPECT_FALSE(HasKey(deleteProfile));
 }
 
+TEST_F(EncoderList, KeysAndTheWheelPassOverCommands) {
+    Place(smartInstallFileName, ".mp3\r\nGamma\r\nhttp://gamma.example/\r\n");
+    Store(L"p \"Beta\"", L"", 0, L"", L"", L"");
+    RegWriteString(L"NoSame", Setting::lastCodec);
+    const auto send = [](UINT message, WPARAM wParam) -> Step {
+        return [=] { return PostMessageW(At(ID_ENCODER_LIST), message, wParam, 0) != 0; };
+    };
+    Run({send(WM_KEYDOWN, VK_DOWN), Until([] { return IsOpen(L"p \"Beta\""); }), send(WM_KEYDOWN, VK_UP),
+         Until([] { return IsOpen(L"NoSame"); }), send(WM_KEYDOWN, VK_END),
+         Until([] { return IsOpen(L"p \"Beta\""); }), send(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA)),
+         Until([] { return IsOpen(L"NoSame"); })},
+        IDCANCEL);
+    EXPECT_TRUE(HasKey(L"p \"Beta\""));
+}
+
 TEST_F(EncoderList, ABrokenEncoderHasARowAndNoPanel) {
     Place(L"encoder\\Broken.dll", "no library");
     Store(L"Broken", L"kept", 1, L"E:\\", L"x", L"");

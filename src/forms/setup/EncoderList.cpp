@@ -2,6 +2,7 @@
 #include "engine/ProgressText.h"
 #include "forms/setup/frmConvertToOpt.h"
 #include "forms/setup/frmNewProfile.h"
+#include "foundation/XFileSystem.h"
 #include "foundation/XFindFile.h"
 #include "foundation/XPath.h"
 #include "host/Settings.h"
@@ -17,15 +18,32 @@ bool IsProfileRow(const EncoderListItem& item) {
     return item.Kind == rowProfile;
 }
 
+bool IsItemRow(const EncoderListItem& item) {
+    return item.Kind == rowEncoder || item.Kind == rowProfile;
+}
+
+bool IsStep(UINT message, WPARAM wParam) {
+    return message == WM_MOUSEWHEEL || (message == WM_KEYDOWN && wParam >= VK_PRIOR && wParam <= VK_DOWN);
+}
+
 } // namespace
 
-// The library is loaded for its extension: a hundred profiles of one encoder are to cost that once.
+// A library is loaded for its extension, which takes some 10 ms: not where it has an icon of its own,
+// and once for a hundred profiles of one encoder.
 HICON frmConvertToOpt::_CmbEncoders::IconOf(const XString& encoder) {
     for (std::int64_t i = 0; i < iconNames.Count(); ++i)
         if (iconNames[i] == encoder)
             return icons[i].Get();
+    const XString library = EncoderLibraryPath(encoder);
+    const bool hasIcon = IsFile(StripExtension(library) + L".ico");
+    const XString extension = hasIcon ? XString() : GetEncoderExtension(encoder);
     iconNames.AddString(encoder);
-    return icons.AddNew(GetEncoderIcon(GetEncoderExtension(encoder), EncoderLibraryPath(encoder)))->Get();
+    return icons.AddNew(GetEncoderIcon(extension, library))->Get();
+}
+
+void frmConvertToOpt::_CmbEncoders::Bind(HWND combo) {
+    XDropList::Attach(combo, false);
+    XSubClassCtrl::Attach(combo);
 }
 
 void frmConvertToOpt::_CmbEncoders::Fill() {
@@ -37,7 +55,7 @@ void frmConvertToOpt::_CmbEncoders::Fill() {
     const XString last = RegReadString(Setting::lastCodec);
     int row = -1;
     for (std::int64_t i = 0; i < Items.Count(); ++i)
-        if ((Items[i].Kind == rowEncoder || IsProfileRow(Items[i])) && Rows[i].Text == last)
+        if (IsItemRow(Items[i]) && Rows[i].Text == last)
             row = static_cast<int>(i);
     Select(row >= 0 ? row : FindRow(usualEncoder));
 }
@@ -109,7 +127,33 @@ bool frmConvertToOpt::_CmbEncoders::IsOnCommand() const {
     return row >= 0 && (Items[row].Kind == rowNewProfile || Items[row].Kind == rowDeleteProfile);
 }
 
+LRESULT frmConvertToOpt::_CmbEncoders::OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam,
+                                                 std::uint32_t& handled) {
+    if (!IsStep(message, wParam))
+        return 0;
+    handled = 1;
+    isStepping = true;
+    const LRESULT result = CallWindowProcW(OldProc, hwnd, message, wParam, lParam);
+    isStepping = false;
+    return result;
+}
+
+// Arrow keys and the wheel reach every row on their way: a command is only run when it was chosen
+// by a click or by its first letter, else a turn of the wheel would delete a profile.
+void frmConvertToOpt::_CmbEncoders::PassOverCommands() {
+    const int from = FindRow(form.CurrentItem);
+    const int step = Selected() < from ? -1 : 1;
+    int row = Selected();
+    while (row >= 0 && row < Items.Count() && !IsItemRow(Items[row]))
+        row += step;
+    if (row < 0 || row >= Items.Count())
+        row = from;
+    SendMessageW(Combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+}
+
 void frmConvertToOpt::_CmbEncoders::OnChanging() {
+    if (isStepping)
+        PassOverCommands();
     const int row = Selected();
     if (row < 0 || row >= Items.Count())
         return;

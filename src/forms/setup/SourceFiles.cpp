@@ -1,4 +1,5 @@
 // The files that the set-up form is about: their count, and what comes to them while the form is open.
+#include "forms/review/frmListNRename.h"
 #include "forms/setup/frmConvertToOpt.h"
 #include "host/DecoderCatalogue.h"
 #include "host/DroppedFiles.h"
@@ -38,4 +39,19 @@ void frmConvertToOpt::OnTimer(std::uint64_t, std::uint64_t) {
         return;
     UpdateFileCount();
     SetForegroundWindow(GetLastActivePopup(Hwnd));
+}
+
+void frmConvertToOpt::ListAndRename() {
+    ToolTip.Hide();
+    const clOutputChoice choice = OutputChoice();
+    const XString folder = choice.folder || choice.dynamic ? OutputFolder() : XString();
+    const XString naming = choice.dynamic ? NamingTemplate() : XString();
+    isReviewing = true;
+    int result = 0;
+    {
+        const frmListNRename list(result, Hwnd, *Files, EncoderNameOf(EncoderList.GetText(false)), folder,
+                                  LiveEncoderSettings(), naming);
+    }
+    isReviewing = false;
+    UpdateFileCount(); // files may have been left out there
 }

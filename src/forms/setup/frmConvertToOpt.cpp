@@ -58,13 +58,12 @@ void frmConvertToOpt::OnInit() {
     LoadHint(HintDynamic, ID_BITMAP_HINT_DYNAMIC);
     LoadHint(HintFolder, ID_BITMAP_HINT_FOLDER);
     SendMessageW(Control(ID_NAMING), EM_LIMITTEXT, longestNaming, 0);
-    EncoderList.Attach(Control(ID_ENCODER_LIST), false);
+    EncoderList.Bind(Control(ID_ENCODER_LIST));
     FolderList.Attach(Control(ID_FOLDER_LIST), false);
     UpdateFileCount();
     EncoderList.Fill();
     FillFolders();
     MakeOptions();
-    EnableWindow(Control(ID_LIST_RENAME), FALSE);
     OnEncoderChanged(true);
     DragAcceptFiles(Hwnd, TRUE);
     AddFilesEvent = MakeHandOffEvent();
@@ -94,6 +93,7 @@ void frmConvertToOpt::OnDestroy() {
     ToolTip.Hide();
     CloseEncoderPanel(false);
     EncoderList.Clear();
+    EncoderList.Detach();
     FolderList.Clear();
     EffectList.Control.Close();
     EffectList.Clear();
@@ -165,6 +165,9 @@ bool frmConvertToOpt::Command(int id) {
         return true;
     case ID_NAMING_SET:
         EditNaming();
+        return true;
+    case ID_LIST_RENAME:
+        ListAndRename();
         return true;
     case ID_EFFECT_ADD:
         ShowEffectMenu(Hwnd, EffectMenu, EffectList, Control(ID_EFFECT_ADD), seams.effects);

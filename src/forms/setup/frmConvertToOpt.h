@@ -66,6 +66,9 @@ private:
     class _CmbEncoders final : public XDropList {
     public:
         explicit _CmbEncoders(frmConvertToOpt& form) : form(form) {}
+        void Bind(HWND combo);
+        LRESULT OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam,
+                          std::uint32_t& handled) override;
         void OnChanging() override;
         void Fill(); // and selects the item of the last time
         [[nodiscard]] bool IsOnCommand() const;
@@ -80,12 +83,14 @@ private:
         void AddProfiles();
         [[nodiscard]] int FindRow(const XString& text) const; // exact; -1 if there is none
         void Select(int row);                                 // clamped
+        void PassOverCommands();
         void AskToInstall(int row);
         void ProfileCommand(bool isDelete);
         void CreateProfile(int current);
         void DeleteProfile(int current);
 
         frmConvertToOpt& form;
+        bool isStepping = false;       // an arrow key or the wheel moves the selection
         XArray<EncoderListItem> Items; // parallel to the rows
         XStringArray iconNames;        // encoders that were asked for their icon
         XArray<XIcon> icons;           // parallel to iconNames
@@ -131,6 +136,7 @@ private:
     // Files
     void UpdateFileCount();
     void TakeDroppedFiles(HDROP drop);
+    void ListAndRename();
 
     _CmbEncoders EncoderList{*this};
     clZtEncoder Encoder; // whose panel is open
