@@ -194,11 +194,3 @@ bool CheckOverwrites(clFileList& files, const XString& extension, const clExists
     }
     return true;
 }
-
-bool ApplyAnswer(XArray<clOverwriteItem>& items, clOverwriteAnswer answer) {
-    if (answer == clOverwriteAnswer::cancel)
-        return false;
-    for (clOverwriteItem& item : items)
-        item.skipFlag = answer == clOverwriteAnswer::skipAll ? 1 : 0;
-    return true;
-}

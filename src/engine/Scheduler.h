@@ -61,7 +61,3 @@ using clExistsFunction = std::function<bool(const XString& path)>;
 using clAskOverwrite = std::function<bool(XArray<clOverwriteItem>& items)>;
 [[nodiscard]] bool CheckOverwrites(clFileList& files, const XString& extension,
                                    const clExistsFunction& exists, const clAskOverwrite& ask);
-
-enum class clOverwriteAnswer { overwriteAll, skipAll, cancel };
-// For a question that is answered for all files at once; usable as the result of `ask`.
-[[nodiscard]] bool ApplyAnswer(XArray<clOverwriteItem>& items, clOverwriteAnswer answer);

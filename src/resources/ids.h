@@ -115,3 +115,14 @@
 #define ID_PROFILE_NAME 1042
 #define ID_PROFILE_ENCODER 1043
 #define ID_PROFILE_NOTE 1044
+
+// Lists of files: the overwrite form and what it shares with the list of all files
+#define ID_DIALOG_OVERWRITE 129
+#define ID_RENAME_ICON 1009
+#define ID_RENAME_HINT 1012
+#define ID_OVERWRITE_LIST 1031
+#define ID_OVERWRITE_PICTURE 1032
+#define ID_NO_TO_ALL 3
+#define ID_ROWS_CHECK_ALL 10001
+#define ID_ROWS_UNCHECK_ALL 10002
+#define ID_ROWS_UNIQUE_NAMES 10003

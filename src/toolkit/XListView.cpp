@@ -11,6 +11,30 @@ constexpr int cellUnits = 1000; // the terminator included
 constexpr UINT anyState = LVIS_FOCUSED | LVIS_SELECTED | LVIS_CUT | LVIS_DROPHILITED;
 static_assert(anyState == 15);
 
+// Of the bulk change that stands. What the list tells of each row has no taker then, and on its way
+// there it would cost far more than the change itself.
+HWND deafTo = nullptr;
+WNDPROC parentProc = nullptr;
+bool isParentDeaf = false;
+
+LRESULT CALLBACK DeafParent(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    if (message == WM_NOTIFY) {
+        const auto* header = reinterpret_cast<const NMHDR*>(lParam);
+        if (header->hwndFrom == deafTo)
+            return header->code == LVN_DELETEALLITEMS; // and nothing for each of them
+    }
+    return CallWindowProcW(parentProc, hwnd, message, wParam, lParam);
+}
+
+// Straight to the control's own procedure: what stands before it has no part in rows and cells, and
+// its lock costs more than a cell.
+LRESULT Ask(const XListView& list, UINT message, WPARAM wParam, const void* argument) {
+    const auto lParam = reinterpret_cast<LPARAM>(argument);
+    if (list.OldProc && list.Hwnd == list.List)
+        return CallWindowProcW(list.OldProc, list.List, message, wParam, lParam);
+    return SendMessageW(list.List, message, wParam, lParam);
+}
+
 } // namespace
 
 XListView::~XListView() {
@@ -111,7 +135,7 @@ void XListView::SetCellText(const wchar_t* text, int row, int column) {
     cell.iSubItem = column;
     cell.pszText = const_cast<wchar_t*>(text ? text : L"");
     if (List)
-        SendMessageW(List, LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&cell));
+        Ask(*this, LVM_SETITEMW, 0, &cell);
 }
 
 XString XListView::GetCellText(int row, int column) const {
@@ -120,8 +144,7 @@ XString XListView::GetCellText(int row, int column) const {
     cell.iSubItem = column;
     cell.pszText = text;
     cell.cchTextMax = cellUnits;
-    if (!List ||
-        SendMessageW(List, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&cell)) <= 0)
+    if (!List || Ask(*this, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), &cell) <= 0)
         return XString();
     return XString(cell.pszText).Left(cellUnits - 1);
 }
@@ -170,26 +193,31 @@ int XListView::InsertRow(int row, const wchar_t* text, int image) const {
         item.mask |= LVIF_IMAGE;
         item.iImage = image;
     }
-    return List ? ListView_InsertItem(List, &item) : -1;
+    return List ? static_cast<int>(Ask(*this, LVM_INSERTITEMW, 0, &item)) : -1;
 }
 
-void XListView::UseShellIcons() const {
+// The list of the system must not go with the control: see WM_DESTROY.
+void XListView::UseShellIcons() {
     SHFILEINFOW info{};
     const auto images =
         static_cast<LPARAM>(SHGetFileInfoW(L".", FILE_ATTRIBUTE_NORMAL, &info, sizeof info,
                                            SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES));
     if (List)
         SendMessageW(List, LVM_SETIMAGELIST, LVSIL_SMALL, images);
+    borrowsImages = true;
 }
 
 bool XListView::IsChecked(int row) const {
-    return List && ListView_GetItemState(List, row, LVIS_STATEIMAGEMASK) >> 12 != listImageUnchecked;
+    const auto mask = reinterpret_cast<const void*>(static_cast<ULONG_PTR>(LVIS_STATEIMAGEMASK));
+    return List && Ask(*this, LVM_GETITEMSTATE, static_cast<WPARAM>(row), mask) >> 12 != listImageUnchecked;
 }
 
 void XListView::SetChecked(int row, bool checked) const {
-    const UINT image = INDEXTOSTATEIMAGEMASK(checked ? listImageChecked : listImageUnchecked);
+    LVITEMW item{};
+    item.state = INDEXTOSTATEIMAGEMASK(checked ? listImageChecked : listImageUnchecked);
+    item.stateMask = LVIS_STATEIMAGEMASK;
     if (List)
-        ListView_SetItemState(List, row, image, LVIS_STATEIMAGEMASK);
+        Ask(*this, LVM_SETITEMSTATE, static_cast<WPARAM>(row), &item);
 }
 
 POINT XListView::MenuPoint(int x, int y) const {
@@ -206,12 +234,30 @@ POINT XListView::MenuPoint(int x, int y) const {
     return point;
 }
 
-XListUpdate::XListUpdate(XListView& list) : list(list) {
-    SendMessageW(list.List, WM_SETREDRAW, FALSE, 0);
+XListUpdate::XListUpdate(XListView& list) : list(list), isOuter(!list.Updating) {
+    if (!isOuter)
+        return;
     list.Updating = 1;
+    SendMessageW(list.List, WM_SETREDRAW, FALSE, 0);
+    if (isParentDeaf || !list.List)
+        return;
+    list.Detach();
+    deafTo = list.List;
+    parent = GetParent(list.List);
+    parentProc = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(parent, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(DeafParent)));
+    isParentDeaf = parentProc != nullptr;
 }
 
 XListUpdate::~XListUpdate() {
+    if (!isOuter)
+        return;
+    if (parent) {
+        if (parentProc)
+            SetWindowLongPtrW(parent, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(parentProc));
+        isParentDeaf = false;
+        list.Attach(list.List);
+    }
     SendMessageW(list.List, WM_SETREDRAW, TRUE, 0);
     list.Updating = 0;
     InvalidateRect(list.List, nullptr, TRUE);

@@ -1,6 +1,6 @@
 // A report-mode list control whose notifications are operations, with what all lists share: a click on
-// a check box goes for all selected rows, F2 renames, Ctrl+A selects all, columns keep a least width.
-// A form derives from it, sets `List` and calls Attach in its OnInit, and hands all its messages to
+// a check box, or Space, goes for all selected rows, F2 renames, Ctrl+A selects all, columns keep a least
+// width. A form derives from it, sets `List` and calls Attach in its OnInit, and hands all its messages to
 // OnParentMessage first. Forms' thread only; rows and columns count from 0.
 #pragma once
 
@@ -92,7 +92,8 @@ public:
 
     // What both lists of files need. An `image` of -1 is left out; -1 on failure.
     int InsertRow(int row, const wchar_t* text, int image) const;
-    void UseShellIcons() const; // the system's small icons; the control needs LVS_SHAREIMAGELISTS
+    // The system's small icons. Not with LVS_SHAREIMAGELISTS: the control would keep its check boxes.
+    void UseShellIcons();
     [[nodiscard]] bool IsChecked(int row) const;
     void SetChecked(int row, bool checked) const; // -1 for all rows
     // Where a menu belongs: the point that OnContextMenu was given, or below the focused row.
@@ -106,6 +107,8 @@ public:
 
 private:
     friend class clValueControl;
+
+    bool borrowsImages = false;
 
     LRESULT OnListNotify(const NMHDR* header, std::uint32_t& handled);
     LRESULT OnHeaderNotify(const NMHEADERW& header, std::uint32_t& handled);
@@ -122,12 +125,14 @@ private:
     [[nodiscard]] int CheckBoxEdge() const;
     [[nodiscard]] bool IsOnCheckBox(POINT point) const;
     bool CheckClick();
-    void CheckSelected(bool checked);
+    void CheckWithSelection(int row);
+    void CheckMany(const std::vector<int>& rows, bool checked);
     void LeftDown(POINT point, std::uint32_t& handled);
-    LRESULT SpacePressed(HWND hwnd, WPARAM wParam, LPARAM lParam);
+    bool SpacePressed();
 };
 
-// A bulk change: while it stands nothing is drawn and no operation is called.
+// A bulk change: while it stands nothing is drawn, no operation is called, and the list's parent gets
+// no message of it. One inside another does nothing; one list of the process at a time has full speed.
 class XListUpdate {
 public:
     explicit XListUpdate(XListView& list);
@@ -137,4 +142,6 @@ public:
 
 private:
     XListView& list;
+    bool isOuter;
+    HWND parent = nullptr;
 };

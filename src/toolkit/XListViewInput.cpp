@@ -8,6 +8,7 @@
 namespace {
 
 constexpr unsigned checkStrip = 20; // pixels behind the left edge of column 0, that one included
+constexpr std::size_t manyRows = 100;
 
 bool IsDown(int key) {
     return GetAsyncKeyState(key) < 0;
@@ -24,10 +25,7 @@ LRESULT XListView::OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPar
         handled = CheckClick();
         return 0;
     case WM_KEYDOWN:
-        if (wParam == VK_SPACE) {
-            handled = 1;
-            return SpacePressed(hwnd, wParam, lParam);
-        }
+        handled = wParam == VK_SPACE && SpacePressed();
         return 0;
     case WM_VSCROLL:
         OnScroll(LOWORD(wParam), HIWORD(wParam));
@@ -39,6 +37,11 @@ LRESULT XListView::OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPar
             handled = RefuseWidth(*header);
         return handled;
     }
+    case WM_DESTROY: // the control destroys its image lists
+        if (borrowsImages)
+            SendMessageW(hwnd, LVM_SETIMAGELIST, LVSIL_SMALL, 0);
+        borrowsImages = false;
+        return 0;
     case WM_NCDESTROY:
         Editor.Close();
         Detach();
@@ -91,27 +94,58 @@ bool XListView::CheckClick() {
     if (row < 0)
         return false;
     SetFocus(List); // ends a label edit, as any other click does
-    if (ListView_GetItemState(List, row, LVIS_SELECTED) == 0)
-        SelectRow(row, true);
-    CheckSelected(!IsChecked(row));
+    CheckWithSelection(row);
     return true;
 }
 
-void XListView::CheckSelected(bool checked) {
+void XListView::CheckWithSelection(int row) {
+    if (ListView_GetItemState(List, row, LVIS_SELECTED) == 0)
+        SelectRow(row, true);
+    const bool checked = !IsChecked(row);
     const std::vector<int> rows = GetSelectedRows();
-    for (const int row : rows)
-        SetChecked(row, checked);
+    if (rows.size() < manyRows)
+        for (const int selected : rows)
+            SetChecked(selected, checked);
+    else
+        CheckMany(rows, checked);
 }
 
-// The control toggles the focused row; the other selected ones follow, as with a click.
-LRESULT XListView::SpacePressed(HWND hwnd, WPARAM wParam, LPARAM lParam) {
-    const int row = ListView_GetNextItem(hwnd, -1, LVNI_FOCUSED);
-    const bool wasChecked = IsChecked(row);
-    const LRESULT result = CallWindowProcW(OldProc, hwnd, WM_KEYDOWN, wParam, lParam);
-    if (List && row >= 0 && IsChecked(row) != wasChecked &&
-        ListView_GetItemState(List, row, LVIS_SELECTED) != 0)
-        CheckSelected(!wasChecked);
-    return result;
+// The same by a bulk change, and what each row would have told.
+void XListView::CheckMany(const std::vector<int>& rows, bool checked) {
+    std::vector<UINT> before;
+    before.reserve(rows.size());
+    {
+        const XListUpdate update(*this);
+        for (const int row : rows) {
+            before.push_back(ListView_GetItemState(List, row, ~0U));
+            SetChecked(row, checked);
+        }
+    }
+    const UINT image = INDEXTOSTATEIMAGEMASK(checked ? listImageChecked : listImageUnchecked);
+    for (std::size_t i = 0; i < rows.size() && List; ++i) {
+        NMLISTVIEW change{};
+        change.iItem = rows[i];
+        change.uChanged = LVIF_STATE;
+        change.uOldState = before[i];
+        change.uNewState = (before[i] & ~LVIS_STATEIMAGEMASK) | image;
+        if (change.uOldState != change.uNewState)
+            ItemChanged(change);
+    }
+}
+
+// As a click on the box of the focused row. The control itself would drop the selection first.
+bool XListView::SpacePressed() {
+    if (!List || (ListView_GetExtendedListViewStyle(List) & LVS_EX_CHECKBOXES) == 0)
+        return false;
+    for (const int key : {VK_CONTROL, VK_SHIFT, VK_MENU})
+        if (GetKeyState(key) < 0)
+            return false;
+    const int row = ListView_GetNextItem(List, -1, LVNI_FOCUSED);
+    if (row < 0)
+        return false;
+    OnKeyDown(VK_SPACE);
+    CheckWithSelection(row);
+    return true;
 }
 
 bool XListView::MayEdit(int row, int column) {

@@ -132,7 +132,8 @@ LRESULT XListView::BeginLabelEdit(int row) {
 }
 
 LRESULT XListView::EndLabelEdit(const NMLVDISPINFOW& info) {
-    if (!info.item.pszText) {
+    // The rows are names, and an empty one names nothing.
+    if (!info.item.pszText || !*info.item.pszText) {
         OnLabelEditCancelled(info.item.iItem);
         return FALSE;
     }

@@ -173,7 +173,7 @@ TEST_F(ConversionTest, CancelledOverwriteQuestionAbandonsTheBatch) {
     conversion.setup.extension = L".log";
     conversion.askOverwrite = [](XArray<clOverwriteItem>& rows) {
         EXPECT_EQ(rows.Count(), 1);
-        return ApplyAnswer(rows, clOverwriteAnswer::cancel);
+        return false;
     };
     conversion.Prepare();
     EXPECT_EQ(conversion.Tick().outcome, clTickOutcome::abandoned);

@@ -183,9 +183,7 @@ TEST_F(Fixture, OverwriteAnswersComeBackToTheirFiles) {
     const auto exists = [&](const XString& path) { return path.Equals(L"C:\\c.out"); };
     EXPECT_TRUE(CheckOverwrites(files, L".ignore", exists, ask));
     EXPECT_EQ(asked, 0);
-    EXPECT_FALSE(CheckOverwrites(files, L".out", exists, [](XArray<clOverwriteItem>& rows) {
-        return ApplyAnswer(rows, clOverwriteAnswer::cancel);
-    }));
+    EXPECT_FALSE(CheckOverwrites(files, L".out", exists, [](XArray<clOverwriteItem>&) { return false; }));
     EXPECT_TRUE(CheckOverwrites(files, L".out", exists, ask));
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(files[1].outputPath, XString(L"C:\\new.out"));
@@ -193,16 +191,6 @@ TEST_F(Fixture, OverwriteAnswersComeBackToTheirFiles) {
     EXPECT_EQ(files[2].outputPath, XString(L"C:\\c.out"));
     EXPECT_EQ(files[2].skipFlag, 1u);
     EXPECT_EQ(files[0].outputPath, XString(L"C:\\a.out"));
-}
-
-TEST(Overwrite, OneAnswerForAll) {
-    XArray<clOverwriteItem> rows;
-    rows.AddNew();
-    rows.AddNew()->skipFlag = 1;
-    EXPECT_TRUE(ApplyAnswer(rows, clOverwriteAnswer::overwriteAll));
-    EXPECT_EQ(rows[0].skipFlag + rows[1].skipFlag, 0u);
-    EXPECT_TRUE(ApplyAnswer(rows, clOverwriteAnswer::skipAll));
-    EXPECT_EQ(rows[0].skipFlag + rows[1].skipFlag, 2u);
 }
 
 } // namespace

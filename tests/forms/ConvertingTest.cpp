@@ -5,6 +5,8 @@
 #include "FormDriver.h"
 #include "engine/WorkerText.h"
 #include "forms/converting/Rows.h"
+#include "foundation/XFile.h"
+#include "foundation/XFileSystem.h"
 #include "host/Settings.h"
 #include "resources/ids.h"
 
@@ -313,33 +315,66 @@ TEST_F(Converting, PauseHoldsTheBatch) {
 }
 
 TEST_F(Converting, AsksOnceAboutFilesThatExist) {
-    wchar_t folder[MAX_PATH];
-    GetTempPathW(MAX_PATH, folder);
-    const XString output = XString(folder) + L"tm-form-exists";
-    const HANDLE made = CreateFileW(output, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    ASSERT_NE(made, INVALID_HANDLE_VALUE);
-    CloseHandle(made);
-    struct Row {
-        int answer, launched;
+    const XString folder = TempFolder() + L"tm-form-exists\\";
+    ASSERT_TRUE(MakeFolders(folder));
+    ForceSlots(L"-cpu1"); // with two free slots a file that is left out can be started
+    const auto content = [&](const XString& name) {
+        XBuffer bytes;
+        return ReadWholeFile(folder + name, bytes) ? DecimalText(static_cast<int>(bytes.size))
+                                                   : XString(L"none");
     };
-    for (const Row& row : {Row{IDYES, 1}, Row{IDNO, 0}, Row{IDCANCEL, 0}}) {
-        clFileList list;
-        list.Append()->sourcePath = output + L".wav";
-        int launched = 0;
+    const auto write = [](const XString& path, DWORD count) {
+        XFile file(path);
+        EXPECT_TRUE(file.Open(GENERIC_WRITE, CREATE_ALWAYS) && file.Write("new", count)) << path.Text();
+    };
+    const auto list = [] { return GetDlgItem(FindForm(ID_OVERWRITE_LIST), ID_OVERWRITE_LIST); };
+    const auto rename = [&](int row, const XString& name) {
+        XString path = folder + name;
+        ListView_SetItemText(list(), row, 0, path.Buffer());
+    };
+    struct Row {
+        int button;
+        bool edits;
+        const wchar_t *kept, *unchecked, *first, *second, *renamed, *unnamed; // sizes: 1 old, 3 new
+    };
+    for (const Row& row : {Row{IDCANCEL, true, L"1", L"1", L"1", L"1", L"none", L"none"},
+                           Row{ID_NO_TO_ALL, true, L"1", L"1", L"1", L"1", L"none", L"none"},
+                           Row{IDOK, true, L"3", L"1", L"1", L"1", L"3", L"none"},
+                           Row{IDOK, false, L"3", L"3", L"3", L"3", L"none", L"none"}}) {
+        clFileList sources;
+        for (const wchar_t* name : {L"kept", L"unchecked", L"first", L"second", L"fresh"}) {
+            sources.Append()->sourcePath = folder + name + L".wav";
+            if (XString(name) != L"fresh")
+                write(folder + name, 1);
+        }
         seams.launch = [&](clJobSlot& slot, const clFileItem& item) {
-            ++launched;
+            write(item.outputPath, 3);
             Complete(slot, item);
         };
         RegWriteDword(1, Setting::skippedFinish);
         const FormDriver driver({[&] {
-            const HWND box = FindBoxOf(FindForm(ID_HEADING));
-            return box && PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(row.answer), 0);
+            if (!list() || !IsWindowVisible(list()))
+                return false;
+            EXPECT_EQ(ListView_GetItemCount(list()), 4); // without the new one
+            if (row.edits) {
+                ListView_SetCheckState(list(), 1, FALSE);
+                rename(2, L"re:named");
+                rename(3, L"re:named"); // two of one name are the user's will
+            }
+            return PostMessageW(GetParent(list()), WM_COMMAND, static_cast<WPARAM>(row.button), 0) != 0;
         }});
-        { const frmConverting form(list, seams); }
-        EXPECT_TRUE(driver.IsDone()) << row.answer;
-        EXPECT_EQ(launched, row.launched) << row.answer;
+        { const frmConverting form(sources, seams); }
+        EXPECT_TRUE(driver.IsDone()) << row.button;
+        EXPECT_EQ(content(L"kept"), XString(row.kept)) << row.button;
+        EXPECT_EQ(content(L"unchecked"), XString(row.unchecked)) << row.button;
+        EXPECT_EQ(content(L"first"), XString(row.first)) << row.button;
+        EXPECT_EQ(content(L"second"), XString(row.second)) << row.button;
+        EXPECT_EQ(content(L"re;named"), XString(row.renamed)) << row.button;
+        EXPECT_EQ(content(L"fresh"), XString(row.button == IDCANCEL ? L"none" : L"3")) << row.button;
+        DeleteOneFile(folder + L"re;named");
+        DeleteOneFile(folder + L"fresh");
     }
-    DeleteFileW(output);
+    EXPECT_TRUE(DeleteTree(folder));
 }
 
 } // namespace

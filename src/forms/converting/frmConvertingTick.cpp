@@ -1,6 +1,7 @@
 // The timer step of the converting form and what follows conversion.
 #include "forms/converting/Rows.h"
 #include "forms/converting/frmConverting.h"
+#include "forms/review/frmOverwrite.h"
 #include "host/Settings.h"
 #include "resources/ids.h"
 
@@ -141,13 +142,7 @@ void frmConverting::SavePosition() {
 }
 
 bool frmConverting::AskOverwrite(XArray<clOverwriteItem>& items) {
-    const bool single = items.Count() == 1;
-    const XString what = single ? XString(L"This file exists already:\r\n\r\n") + items[0].path
-                                : DecimalText(items.Count()) + L" of the files to write exist already.";
-    const wchar_t* choice = single ? L"\r\n\r\nYes overwrites it, No leaves it as it is."
-                                   : L"\r\n\r\nYes overwrites them all, No leaves them all as they are.";
-    const int answer = MessageBoxW(Hwnd, what + choice, programCaption, MB_YESNOCANCEL | MB_ICONQUESTION);
-    if (answer == IDYES)
-        return ApplyAnswer(items, clOverwriteAnswer::overwriteAll);
-    return ApplyAnswer(items, answer == IDNO ? clOverwriteAnswer::skipAll : clOverwriteAnswer::cancel);
+    int isDecided = 1;
+    const frmOverwrite form(isDecided, Hwnd, items, conversion.setup.codecName);
+    return isDecided != 0;
 }

@@ -1,0 +1,262 @@
+// The overwrite form inside its modal loop, with real keys.
+#include "forms/review/frmOverwrite.h"
+
+#include "../support/HandleReach.h"
+#include "FormDriver.h"
+#include "forms/review/FileRows.h"
+#include "resources/ids.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Step = FormDriver::Step;
+
+class Overwrite : public testing::Test {
+protected:
+    void AddRow(const wchar_t* path) {
+        clOverwriteItem* row = rows.AddNew();
+        row->path = path;
+        row->replacementPath = path;
+        row->skipFlag = 7; // anything the form has to replace, or to leave
+    }
+    int Show(std::vector<Step> steps, DWORD limitMs = 20000) {
+        steps.insert(steps.begin(), IsOpen);
+        const FormDriver driver(std::move(steps), limitMs);
+        int result = 1;
+        { const frmOverwrite form(result, nullptr, rows, L"MP3"); }
+        EXPECT_TRUE(driver.IsDone()) << driver.StepsDone();
+        return result;
+    }
+    static HWND Form() { return FindForm(ID_OVERWRITE_LIST); }
+    static HWND List() { return GetDlgItem(Form(), ID_OVERWRITE_LIST); }
+    static bool IsOpen() { return Form() && IsWindowVisible(List()) && GetFocus() == List(); }
+    static Step Press(int button) {
+        return [button] { return PostMessageW(GetDlgItem(Form(), button), BM_CLICK, 0, 0) != 0; };
+    }
+    static Step Key(WPARAM key) {
+        return [key] { return GetFocus() && PostMessageW(GetFocus(), WM_KEYDOWN, key, 1); };
+    }
+    static bool IsEditing() { return ListView_GetEditControl(List()) != nullptr; }
+    static bool IsNotEditing() { return !IsEditing(); }
+    static Step Type(const wchar_t* text) {
+        return [text] { return IsEditing() && SetWindowTextW(ListView_GetEditControl(List()), text); };
+    }
+    static bool IsChecked(int row) { return ListView_GetCheckState(List(), row) == 1; }
+    static XString Text(int row) {
+        wchar_t text[500] = L"";
+        ListView_GetItemText(List(), row, 0, text, 500);
+        return text;
+    }
+    static void AskMenu(std::vector<Step>& steps, int downs) {
+        steps.emplace_back([] {
+            return PostMessageW(List(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(List()),
+                                MAKELPARAM(-1, -1)) != 0;
+        });
+        steps.emplace_back([downs] {
+            if (!FindWindowW(L"#32768", nullptr))
+                return false;
+            for (int i = 0; i < downs; ++i)
+                PostMessageW(Form(), WM_KEYDOWN, VK_DOWN, 0);
+            return PostMessageW(Form(), WM_KEYDOWN, VK_RETURN, 0) != 0;
+        });
+        steps.emplace_back([] { return !FindWindowW(L"#32768", nullptr); });
+    }
+    XString Decisions() const {
+        XString text;
+        for (const clOverwriteItem& row : rows)
+            text += row.replacementPath + L" " + DecimalText(row.skipFlag) + L"|";
+        return text;
+    }
+
+    XArray<clOverwriteItem> rows;
+};
+
+} // namespace
+
+TEST_F(Overwrite, EndsInThreeWays) {
+    struct Row {
+        Step end;
+        int result;
+        const wchar_t* decisions;
+        DWORD atLeastMs;
+    };
+    const wchar_t* overwritten = L"D:\\a.b\\1.mp3 0|D:\\2.x.mp3 0|";
+    const wchar_t* untouched = L"D:\\a.b\\1.mp3 7|D:\\2.x.mp3 7|";
+    const Row ways[] = {
+        {Press(IDOK), 1, overwritten, 0},
+        {Key(VK_RETURN), 1, overwritten, 0},
+        {Press(ID_NO_TO_ALL), 1, L"D:\\a.b\\1.mp3 1|D:\\2.x.mp3 1|", 490},
+        {Press(IDCANCEL), 0, untouched, 0},
+        {Key(VK_ESCAPE), 0, untouched, 0},
+        {[] { return PostMessageW(Form(), WM_CLOSE, 0, 0) != 0; }, 0, untouched, 0},
+    };
+    for (const Row& way : ways) {
+        rows.Clear();
+        AddRow(L"D:\\a.b\\1.mp3");
+        AddRow(L"D:\\2.x.mp3");
+        DWORD pressed = 0;
+        EXPECT_EQ(Show({[] {
+                            EXPECT_EQ(TextOf(Form()), XString(L"Zephtone: Confirm File Replace"));
+                            EXPECT_EQ(Text(0), XString(L"D:\\a.b\\1"));
+                            return Text(1) == L"D:\\2.x" && IsChecked(0) && IsChecked(1);
+                        },
+                        [&] {
+                            pressed = GetTickCount();
+                            return way.end();
+                        }}),
+                  way.result);
+        EXPECT_EQ(Decisions(), XString(way.decisions));
+        EXPECT_GE(GetTickCount() - pressed, way.atLeastMs);
+    }
+}
+
+// What is cut off for showing comes back, and goes to the other rows, too.
+TEST_F(Overwrite, TakesTheExtensionOfTheFirstRow) {
+    struct Row {
+        const wchar_t *first, *second, *decisions;
+    };
+    constexpr Row table[] = {
+        {L"D:\\a.mp3", L"D:\\none", L"D:\\a.mp3 0|D:\\none.mp3 0|"},
+        {L"D:\\none", L"D:\\also", L"D:\\none 0|D:\\also 0|"},
+        {L"D:\\fol.der\\a", L"D:\\fol.der\\b", L"D:\\fol.der\\a 0|D:\\fol.der\\b 0|"},
+    };
+    for (const Row& row : table) {
+        rows.Clear();
+        AddRow(row.first);
+        AddRow(row.second);
+        EXPECT_EQ(Show({Press(IDOK)}), 1);
+        EXPECT_EQ(Decisions(), XString(row.decisions));
+    }
+}
+
+TEST_F(Overwrite, IsDrivenByKeysAlone) {
+    for (const wchar_t* path : {L"D:\\1.mp3", L"D:\\2.mp3", L"D:\\3.mp3", L"D:\\4.mp3"})
+        AddRow(path);
+    const std::vector<Step> steps = {
+        Key(VK_HOME),      Key(VK_DOWN), Key(VK_SPACE),     [] { return !IsChecked(1); },
+        Key(VK_F2),
+        Type(L"D:\\same"), // unchecked, then edited: both hold
+        Key(VK_RETURN),    IsNotEditing, Key(VK_DOWN),      Key(VK_F2),
+        Type(L"D:\\lost"),
+        Key(VK_ESCAPE), // ends the edit alone
+        IsNotEditing,      Key(VK_F2),   Type(L"D:\\same"),
+        Press(IDOK), // with the edit open
+    };
+    // The second row that is called the same stays as it is.
+    EXPECT_EQ(Show(steps), 1);
+    EXPECT_EQ(Decisions(), XString(L"D:\\1.mp3 0|D:\\same.mp3 1|D:\\same.mp3 0|D:\\4.mp3 0|"));
+}
+
+TEST_F(Overwrite, MenuChangesAllRows) {
+    AddRow(L"D:\\1.mp3");
+    AddRow(L"D:\\2.mp3");
+    std::vector<Step> steps;
+    AskMenu(steps, 2);
+    steps.emplace_back([] { return !IsChecked(0) && !IsChecked(1); });
+    AskMenu(steps, 1);
+    steps.emplace_back([] { return IsChecked(0) && IsChecked(1); });
+    XString once;
+    AskMenu(steps, 3);
+    steps.emplace_back([&] {
+        once = Text(0);
+        return once.StartsWith(L"D:\\1 - ") && Text(1) == L"D:\\2" + once.From(5);
+    });
+    AskMenu(steps, 3);
+    steps.emplace_back([&] { return Text(0).StartsWith(once + L" - "); });
+    steps.push_back(Press(IDOK));
+    EXPECT_EQ(Show(steps), 1);
+    const XString suffix = UniqueSuffix(); // of about the same time, so of the same form
+    EXPECT_EQ(rows[0].replacementPath.Count(), 8 + 2 * suffix.Count()) << suffix.Text();
+    EXPECT_EQ(rows[0].replacementPath.Right(4), XString(L".mp3"));
+}
+
+TEST_F(Overwrite, LaysItselfOutAtAnySize) {
+    AddRow(L"D:\\1.mp3");
+    const auto check = [](int width, int height) {
+        const HWND form = Form();
+        SetWindowPos(form, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+        RECT client{};
+        GetClientRect(form, &client);
+        std::vector<RECT> seen;
+        for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+            if (!IsWindowVisible(child))
+                continue;
+            RECT own{}, common{};
+            GetWindowRect(child, &own);
+            MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&own), 2);
+            EXPECT_TRUE(IntersectRect(&common, &own, &client) && EqualRect(&common, &own))
+                << GetDlgCtrlID(child) << " at " << width;
+            for (const RECT& other : seen)
+                EXPECT_FALSE(IntersectRect(&common, &own, &other)) << GetDlgCtrlID(child) << " at " << width;
+            seen.push_back(own);
+        }
+        return seen.size();
+    };
+    Show({[&] {
+              EXPECT_EQ(check(10, 10), 7U); // the least size; without the hint
+              EXPECT_EQ(check(640, 300), 9U);
+              EXPECT_EQ(check(1100, 700), 9U);
+              return ShowWindow(Form(), SW_MAXIMIZE) != 0;
+          },
+          [] { return IsZoomed(Form()) && !IsWindowVisible(GetDlgItem(Form(), ID_RESIZE_CORNER)); },
+          Press(IDCANCEL)});
+}
+
+TEST_F(Overwrite, OpensScrollsAndClosesWithManyRows) {
+    for (int i = 0; i < 100000; ++i)
+        AddRow(L"D:\\A folder with a name\\A song with a name " + DecimalText(i) + L".mp3");
+    DWORD opened = 0, pressed = 0;
+    const DWORD start = GetTickCount();
+    const auto timed = [](const char* what, auto action) {
+        const DWORD before = GetTickCount();
+        action();
+        UpdateWindow(List());
+        const DWORD took = GetTickCount() - before;
+        std::printf("%s: %lu ms\n", what, took);
+        return took;
+    };
+    EXPECT_EQ(Show({[&] {
+                        opened = GetTickCount();
+                        EXPECT_LT(opened - start, 15000U);
+                        const HWND list = List();
+                        const auto key = [&](WPARAM code) { SendMessageW(list, WM_KEYDOWN, code, 1); };
+                        EXPECT_LT(timed("end", [&] { key(VK_END); }), 1000U);
+                        EXPECT_EQ(ListView_GetNextItem(list, -1, LVNI_FOCUSED), 99999);
+                        EXPECT_LT(timed("page", [&] { key(VK_PRIOR); }), 1000U);
+                        EXPECT_LT(timed("space", [&] { key(VK_SPACE); }), 1000U);
+                        BYTE keys[256] = {};
+                        keys[VK_CONTROL] = 0x80;
+                        SetKeyboardState(keys);
+                        timed("select all", [&] { key('A'); });
+                        keys[VK_CONTROL] = 0;
+                        SetKeyboardState(keys);
+                        timed("space on all", [&] { key(VK_SPACE); });
+                        timed("home", [&] { key(VK_HOME); });
+                        pressed = GetTickCount();
+                        return true;
+                    },
+                    Press(IDOK)},
+                   120000),
+              1);
+    EXPECT_LT(GetTickCount() - pressed, 15000U);
+    std::printf("open %lu ms, commit and close %lu ms\n", opened - start, GetTickCount() - pressed);
+}
+
+TEST_F(Overwrite, FiftyShowingsLeaveNothingBehind) {
+    AddRow(L"D:\\1.mp3");
+    const auto cycle = [&] {
+        std::vector<Step> steps = {Key(VK_HOME), Key(VK_F2), Type(L"D:\\2"), Key(VK_RETURN), IsNotEditing};
+        AskMenu(steps, 1);
+        steps.push_back(Press(IDCANCEL));
+        Show(std::move(steps));
+    };
+    cycle();
+    const HandleReach before;
+    for (int i = 0; i < 50; ++i)
+        cycle();
+    const HandleReach after;
+    EXPECT_LE(after.gdi, before.gdi);
+    EXPECT_LE(after.user, before.user);
+    EXPECT_LE(after.kernel, before.kernel);
+}
