@@ -1,13 +1,12 @@
 #include "forms/setup/EffectMenu.h"
 
 #include "engine/ProgressText.h"
+#include "forms/setup/ShellActions.h"
 #include "foundation/XFindFile.h"
 #include "foundation/XPath.h"
 #include "host/CodecHandler.h"
 #include "host/EffectChain.h"
 #include "resources/ids.h"
-
-#include <shellapi.h>
 
 #include <vector>
 
@@ -120,13 +119,6 @@ void Load(HWND form, EffectChainList& list, const clEffectSeams& seams) {
         list.FromText(ReadEffectFile(chosen)); // a file that can't be read empties the chain
 }
 
-void OpenAddress(const clEffectSeams& seams) {
-    if (seams.openAddress)
-        seams.openAddress(effectsAddress);
-    else
-        ShellExecuteW(nullptr, nullptr, effectsAddress, nullptr, nullptr, SW_SHOWDEFAULT);
-}
-
 void Act(UINT command, const XStringArray& names, HWND form, EffectChainList& list,
          const clEffectSeams& seams) {
     switch (command) {
@@ -147,7 +139,7 @@ void Act(UINT command, const XStringArray& names, HWND form, EffectChainList& li
         return;
     default:
         if (names.IsEmpty())
-            OpenAddress(seams);
+            seams.openAddress ? seams.openAddress(effectsAddress) : OpenDocument(effectsAddress);
         else if (command >= ID_EFFECT_FIRST && command < ID_EFFECT_FIRST + names.Count())
             list.AddEffect(EffectFolder() + names[command - ID_EFFECT_FIRST]);
     }
