@@ -89,4 +89,24 @@ TEST_F(SourceFiles, TakesWhatAnotherStartHandsOver) {
     EXPECT_TRUE(IsFile(list)); // the sender's own
 }
 
+// The list form reads the files ahead on a thread of its own: they must not become more meanwhile.
+TEST_F(SourceFiles, WaitWhileTheyAreListed) {
+    Make(L"list.txt", L"Q:\\b.wav\r\n");
+    const XString list = folder + L"list.txt";
+    files.Append()->sourcePath = L"Q:\\a.wav";
+    HWND review = nullptr;
+    Run({Press(ID_LIST_RENAME),
+         [&] {
+             review = GetLastActivePopup(Form());
+             return review != Form() && IsWindowVisible(review) && TryHandOff(list);
+         },
+         [start = GetTickCount()] { return GetTickCount() - start > 1300; },
+         [&] {
+             EXPECT_EQ(files.Count(), 1);
+             return PostMessageW(review, WM_COMMAND, IDCANCEL, 0) != 0;
+         },
+         [] { return SaysFiles(L"2 Files"); }},
+        IDCANCEL);
+}
+
 } // namespace

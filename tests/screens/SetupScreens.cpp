@@ -59,10 +59,13 @@ void ShowSetup(const wchar_t* encoder, const FormDriver::Step& hold) {
 }
 
 void ShowSetupList(const FormDriver::Step& hold) {
-    ShowHeld(
-        L"FLAC",
-        {[] { return Form() && SendMessageW(GetDlgItem(Form(), ID_ENCODER_LIST), CB_SHOWDROPDOWN, TRUE, 0); },
-         hold});
+    const auto list = [] { return GetDlgItem(Form(), ID_ENCODER_LIST); };
+    ShowHeld(L"FLAC", {[] { return Form() && SetForegroundWindow(Form()); },
+                       [list] {
+                           SendMessageW(list(), CB_SHOWDROPDOWN, TRUE, 0);
+                           return SendMessageW(list(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+                       },
+                       hold});
 }
 
 void ShowSetupBalloon(const FormDriver::Step& hold) {

@@ -6,6 +6,7 @@
 #include "foundation/XFileSystem.h"
 #include "host/HandOff.h"
 #include "resources/ids.h"
+#include "toolkit/XResizeLayout.h"
 
 #include <utility>
 
@@ -18,7 +19,8 @@ constexpr POINT hintPlace = {67, 164};                 // dialog units
 constexpr RECT effectPlace = {22, 212, 298, 65};       // dialog units; width and height
 constexpr int effectCaptionX = 28, effectValueX = 150; // pixels at 96 dpi
 constexpr int effectRowHeight = 21;
-constexpr int hintDpi = 192; // that the hints are drawn for
+constexpr int foldersWidth = 213; // dialog units: the open list reaches below the button
+constexpr int hintDpi = 192;      // that the hints are drawn for
 constexpr int plainDpi = 96;
 constexpr UINT handOffMs = 500;
 constexpr wchar_t helpFile[] = L"Help\\zTM\\zTM.htm";
@@ -60,6 +62,7 @@ void frmConvertToOpt::OnInit() {
     SendMessageW(Control(ID_NAMING), EM_LIMITTEXT, longestNaming, 0);
     EncoderList.Bind(Control(ID_ENCODER_LIST));
     FolderList.Attach(Control(ID_FOLDER_LIST), false);
+    SendMessageW(FolderList.Combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(DialogX(Hwnd, foldersWidth)), 0);
     UpdateFileCount();
     EncoderList.Fill();
     FillFolders();
