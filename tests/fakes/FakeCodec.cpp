@@ -1,6 +1,9 @@
 // An encoder or, with FAKE_EFFECT, an effect of the tests' own. FAKE_MUTE answers every question with
-// yes and no text.
+// yes and no text. FAKE_LEAVES gives no settings back and leaves a window of its code behind.
 #include "contract/Plugin.h"
+#ifdef FAKE_LEAVES
+#include <windows.h>
+#endif
 
 #define FAKE_EXPORT extern "C" __declspec(dllexport)
 #ifdef FAKE_EFFECT
@@ -12,6 +15,11 @@
 namespace {
 int live = 0;
 const wchar_t* shown = nullptr;
+#ifdef FAKE_LEAVES
+LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+#endif
 } // namespace
 
 FAKE_EXPORT ZtInstance FAKE_NAME(Create)(PluginCreateBlock*) {
@@ -32,10 +40,19 @@ FAKE_EXPORT std::int32_t FAKE_NAME(Get)(ZtInstance, const wchar_t* key, PluginPa
 FAKE_EXPORT std::int32_t FAKE_NAME(Set)(ZtInstance, const wchar_t*, PluginParams*) {
     return 0;
 }
+#ifdef FAKE_LEAVES
+FAKE_EXPORT void FAKE_NAME(ShowConfigBit)(ZtInstance, void* parent, std::int32_t, std::int32_t,
+                                          const wchar_t*) {
+    const HWND window = CreateWindowW(L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, static_cast<HWND>(parent),
+                                      nullptr, nullptr, nullptr);
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure));
+}
+#else
 FAKE_EXPORT void FAKE_NAME(ShowConfigBit)(ZtInstance, void*, std::int32_t, std::int32_t,
                                           const wchar_t* settings) {
     shown = settings;
 }
+#endif
 FAKE_EXPORT const wchar_t* FAKE_NAME(RemoveConfigBit)(ZtInstance, void*) {
     return shown;
 }

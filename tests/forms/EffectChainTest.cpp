@@ -76,7 +76,7 @@ protected:
         copy(own + L"setup_fakes\\encoder\\Alpha.dll", effects + L"no effect.dll");
         for (const wchar_t* name : {L"Batch Report.dll", L"Batch Report.ico"})
             copy(program + L"DSPs\\" + name, effects + name);
-        for (const wchar_t* name : {L"Odd.dll", L"Refuses.dll", L"_Hidden.dll"})
+        for (const wchar_t* name : {L"Odd.dll", L"_Hidden.dll"})
             copy(own + L"fakes\\odd.dll", effects + name);
         SetPluginRoot(root);
         RegWriteString(item, Setting::lastCodec);
@@ -173,7 +173,7 @@ TEST_F(EffectChain, MenuOffersWhatThereIs) {
     };
     const Row rows[] = {
         {L"", -1, L"Add DSP Effect|(Remove Selected)|(Clear All)|(Save)|Load|",
-         L"Batch Report|no effect|Odd|Refuses|"},
+         L"Batch Report|no effect|Odd|"},
         {L"a", -1, L"Add DSP Effect|(Remove Selected)|Clear All|Save|Load|", nullptr},
         {L"a", 0, L"Add DSP Effect|Remove Selected|Clear All|Save|Load|", nullptr},
         {L"a", 0, nullptr, L"Install DSP Effects Now...|"}, // from here on no effects are there
@@ -219,7 +219,6 @@ constexpr SettingsRow settingsRows[] = {
     {report, L"", L"x y", L"-file={qt}x y{qt}"},
     {L"gone", L"-kept", nullptr, L""}, // a look at a missing effect loses its settings
     {L"no effect", L"-kept", nullptr, L""},
-    {L"Refuses", L"-kept", nullptr, L""},
     {L"Odd", L"-kept", nullptr, L""},
 };
 

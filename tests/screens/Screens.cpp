@@ -2,6 +2,7 @@
 // when the state stands; the program ends when FLAG is gone. scripts/screenshots.sh takes the pictures.
 #include "../forms/FormDriver.h"
 #include "../support/ReportingWorker.h"
+#include "EffectScreens.h"
 #include "NamingScreens.h"
 #include "SetupScreens.h"
 #include "engine/WorkerText.h"
@@ -140,6 +141,10 @@ constexpr Screen screens[] = {
     {"setup-list", [] { ShowSetupList(HoldForPicture); }},
     {"setup-balloon", [] { ShowSetupBalloon(HoldForPicture); }},
     {"new-profile", [] { ShowNewProfile(HoldForPicture); }},
+    {"effects", [] { ShowEffects(HoldForPicture); }},
+    {"effects-menu", [] { ShowEffectsMenu(HoldForPicture); }},
+    {"effect-settings", [] { ShowEffectSettingsOf(L"Playlist Writer", HoldForPicture); }},
+    {"effect-missing", [] { ShowEffectSettingsOf(L"No such effect", HoldForPicture); }},
     {"naming", [] { ShowNaming(HoldForPicture); }},
     {"naming-functions", [] { ShowNamingFunctions(HoldForPicture); }},
     {"naming-refused", [] { ShowNamingRefused(HoldForPicture); }},
