@@ -14,7 +14,7 @@ set_dpi() {
     tm_with_home wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f \
         >/dev/null 2>&1 </dev/null
 }
-TM_PROGRAM=Z:$(realpath build/Tonemill | tr / '\\')\\
+TM_PROGRAM=Z:$(realpath "${TM_PROGRAM_FOLDER:-build/Tonemill}" | tr / '\\')\\
 export TM_PROGRAM
 program=${TM_SCREENS:-build/windows/tests/screens/screens.exe}
 flag=$(mktemp -u)
