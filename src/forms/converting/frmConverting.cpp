@@ -1,9 +1,8 @@
 // Making and ending the converting form, its commands and buttons.
 #include "forms/converting/frmConverting.h"
 
+#include "forms/FormCaption.h"
 #include "forms/converting/Rows.h"
-#include "foundation/XFile.h"
-#include "foundation/XFileSystem.h"
 #include "host/CodecHandler.h"
 #include "host/EffectChain.h"
 #include "host/Settings.h"
@@ -23,12 +22,6 @@ constexpr int textHeight = 13; // pixels at 96 dots per inch
 constexpr UINT tickMs = 50;
 constexpr std::uint64_t tickTimer = 1;
 constexpr int smallIconEdge = 16;
-constexpr wchar_t oemFileName[] = L"OEM.txt";
-
-HICON LoadProgramIcon(int id, int edge) {
-    return static_cast<HICON>(
-        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, edge, edge, LR_DEFAULTCOLOR));
-}
 
 } // namespace
 
@@ -52,7 +45,7 @@ void frmConverting::OnInit() {
     rowBars.Load();
     textFont.Create(nullptr, L"", ScaleToDpi(textHeight), GetSysColor(COLOR_BTNTEXT));
     SendMessageW(Control(ID_HEADING), WM_SETFONT, reinterpret_cast<WPARAM>(textFont.Handle()), FALSE);
-    SetCaption();
+    SetWindowTextW(Hwnd, FormCaption());
     conversion.Prepare();
     ShowTexts();
     LoadEffectIcons();
@@ -103,15 +96,6 @@ void frmConverting::LoadEffectIcons() {
         if (icon.IsValid())
             effectIcons.AddNew(std::move(icon));
     }
-}
-
-void frmConverting::SetCaption() {
-    XString caption(programCaption);
-    XFile oem(ProgramFolder() + oemFileName);
-    XString line;
-    if (oem.Open(GENERIC_READ, OPEN_EXISTING) && oem.ReadLine(line, true))
-        caption += L": " + line;
-    SetWindowTextW(Hwnd, caption);
 }
 
 void frmConverting::HideSurplusRows() {

@@ -60,7 +60,6 @@ private:
     // Initialisation
     void LoadIcons();
     void LoadEffectIcons();
-    void SetCaption();
     void HideSurplusRows();
     void SizeToRows();
     void PlaceWindow();

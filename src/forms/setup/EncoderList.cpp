@@ -133,6 +133,7 @@ LRESULT frmConvertToOpt::_CmbEncoders::OnMessage(HWND hwnd, UINT message, WPARAM
         return 0;
     handled = 1;
     isStepping = true;
+    stepFrom = Selected();
     const LRESULT result = CallWindowProcW(OldProc, hwnd, message, wParam, lParam);
     isStepping = false;
     return result;
@@ -141,13 +142,12 @@ LRESULT frmConvertToOpt::_CmbEncoders::OnMessage(HWND hwnd, UINT message, WPARAM
 // Arrow keys and the wheel reach every row on their way: a command is only run when it was chosen
 // by a click or by its first letter, else a turn of the wheel would delete a profile.
 void frmConvertToOpt::_CmbEncoders::PassOverCommands() {
-    const int from = FindRow(form.CurrentItem);
-    const int step = Selected() < from ? -1 : 1;
+    const int step = Selected() < stepFrom ? -1 : 1;
     int row = Selected();
     while (row >= 0 && row < Items.Count() && !IsItemRow(Items[row]))
         row += step;
     if (row < 0 || row >= Items.Count())
-        row = from;
+        row = stepFrom;
     SendMessageW(Combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
 }
 

@@ -90,7 +90,8 @@ private:
         void DeleteProfile(int current);
 
         frmConvertToOpt& form;
-        bool isStepping = false;       // an arrow key or the wheel moves the selection
+        bool isStepping = false; // an arrow key or the wheel moves the selection
+        int stepFrom = -1;
         XArray<EncoderListItem> Items; // parallel to the rows
         XStringArray iconNames;        // encoders that were asked for their icon
         XArray<XIcon> icons;           // parallel to iconNames
