@@ -1,6 +1,8 @@
 // An icon's pixels made grey.
 #include "toolkit/GreyIcon.h"
 
+#include "toolkit/XScreenDc.h"
+
 #include <cstdint>
 
 namespace {
@@ -27,13 +29,12 @@ XGdiObject GreyCopy(HBITMAP colour) {
     info.bmiHeader.biHeight = -size.bmHeight;
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
-    const HDC screen = GetDC(nullptr);
+    const XScreenDc screen;
     void* bits = nullptr;
     XGdiObject copy(CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     const UINT rows = static_cast<UINT>(size.bmHeight);
     const bool isRead =
         copy.IsValid() && GetDIBits(screen, colour, 0, rows, bits, &info, DIB_RGB_COLORS) != 0;
-    ReleaseDC(nullptr, screen);
     if (!isRead)
         return XGdiObject();
     GdiFlush();

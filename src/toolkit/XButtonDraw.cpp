@@ -67,10 +67,7 @@ void XButton::ClearFaces() {
 void XButton::DrawList(std::uint32_t state, bool focused) {
     const auto paint = [this](clButtonFace face) {
         XDisplayList& list = List(face);
-        list.Dirty = 1;
-        list.PadRight = list.PadBottom = 0;
-        list.MinWidth = Width;
-        list.MinHeight = Height;
+        list.FitTo(Width, Height);
         list.Paint(Screen.Dc, 0, 0);
     };
     Back.Blit(Screen.Dc, 0, 0); // for faces with round corners

@@ -2,6 +2,7 @@
 #include "toolkit/XButtonGroup.h"
 #include "toolkit/XCoordinate.h"
 #include "toolkit/XFont.h"
+#include "toolkit/XScreenDc.h"
 #include "toolkit/XWindow.h"
 
 #include <algorithm>
@@ -54,20 +55,17 @@ KeyLine MeasureKey(const CaptionText& text, int fontHeight, int maxWidth) {
     KeyLine line;
     if (text.keyAt == 0)
         return line;
-    const HDC dc = GetDC(nullptr);
-    {
-        XFont font;
-        font.Create(dc, nullptr, fontHeight);
-        const int width = font.Width(nullptr, text.shown);
-        TEXTMETRICW metrics{};
-        GetTextMetricsW(dc, &metrics);
-        line.shows = width < maxWidth; // otherwise the text will be cut
-        line.left = font.Width(nullptr, text.shown.Mid(1, text.keyAt - 1)) - width / 2;
-        line.right = font.Width(nullptr, text.shown.Mid(1, text.keyAt)) - width / 2;
-        line.top = metrics.tmAscent + 1 - font.LineHeight() / 2;
-        line.bottom = line.top + std::max(1, ScaleToDpi(1));
-    }
-    ReleaseDC(nullptr, dc);
+    const XScreenDc screen;
+    XFont font;
+    font.Create(screen, nullptr, fontHeight);
+    const int width = font.Width(nullptr, text.shown);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(screen, &metrics);
+    line.shows = width < maxWidth; // otherwise the text will be cut
+    line.left = font.Width(nullptr, text.shown.Mid(1, text.keyAt - 1)) - width / 2;
+    line.right = font.Width(nullptr, text.shown.Mid(1, text.keyAt)) - width / 2;
+    line.top = metrics.tmAscent + 1 - font.LineHeight() / 2;
+    line.bottom = line.top + std::max(1, ScaleToDpi(1));
     return line;
 }
 

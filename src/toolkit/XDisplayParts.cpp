@@ -5,6 +5,7 @@
 
 namespace {
 constexpr int defaultTextSize = 13; // pixels
+} // namespace
 
 SIZE IconSize(HICON icon) {
     ICONINFO info{};
@@ -18,7 +19,6 @@ SIZE IconSize(HICON icon) {
     // Without colours the mask holds two pictures, one above the other.
     return {facts.bmWidth, colour.IsValid() ? facts.bmHeight : facts.bmHeight / 2};
 }
-} // namespace
 
 XImageInUse::XImageInUse(clDLImage& image) : image(image) {
     const bool shared = image.SharedEncoded && image.SharedEncoded->size > 0;

@@ -5,6 +5,9 @@
 #include "toolkit/XDisplayList.h"
 #include "toolkit/XFont.h"
 
+// Pixels; 0 by 0 without an icon.
+[[nodiscard]] SIZE IconSize(HICON icon);
+
 // An encoded picture is decoded into the record for the length of the scope.
 class XImageInUse {
 public:

@@ -1,6 +1,7 @@
 // Tool tips as the thread of forms sees them: what they are to show, and their end.
 #include "toolkit/XToolTip.h"
 
+#include "toolkit/XDisplayParts.h"
 #include "toolkit/XTipThread.h"
 
 namespace {
@@ -13,17 +14,6 @@ constexpr int bodySize = 13;
 
 XIcon CopyOf(const XIcon& icon) {
     return XIcon(icon.IsValid() ? CopyIcon(icon.Get()) : nullptr);
-}
-
-int WidthOf(HICON icon) {
-    ICONINFO info{};
-    if (!GetIconInfo(icon, &info))
-        return 0;
-    const XGdiObject mask(info.hbmMask);
-    const XGdiObject colour(info.hbmColor);
-    BITMAP bitmap{};
-    GetObjectW(colour.IsValid() ? colour.Get() : mask.Get(), sizeof(bitmap), &bitmap);
-    return bitmap.bmWidth;
 }
 
 void BuildBody(XDisplayList& body, const clTipDesc& description) {
@@ -47,7 +37,7 @@ void BuildBody(XDisplayList& body, const clTipDesc& description) {
         body.AddIcon({.Left = ScaleToDpi(4), .Top = severalLines ? 1 : middle}, description.Icon);
         textX = 8;
     }
-    body.AddText({.Left = ScaleToDpi(textX) + (description.Icon ? WidthOf(description.Icon) : 0),
+    body.AddText({.Left = ScaleToDpi(textX) + (IconSize(description.Icon).cx),
                   .Top = middle,
                   .Text = text,
                   .Size = ScaleToDpi(bodySize)});

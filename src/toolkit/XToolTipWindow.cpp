@@ -1,6 +1,8 @@
 // The window of a tool tip, on the thread of the tips and with TooltipLock held.
 #include "toolkit/XBitmap.h"
+#include "toolkit/XDisplayParts.h"
 #include "toolkit/XFont.h"
+#include "toolkit/XScreenDc.h"
 #include "toolkit/XToolTip.h"
 #include "toolkit/XToolkitState.h"
 
@@ -9,17 +11,6 @@
 
 namespace {
 constexpr int raisedStyle = 1;
-
-SIZE SizeOf(HICON icon) {
-    ICONINFO info{};
-    if (!icon || !GetIconInfo(icon, &info))
-        return {};
-    const XGdiObject mask(info.hbmMask);
-    const XGdiObject colour(info.hbmColor);
-    BITMAP bitmap{};
-    GetObjectW(colour.IsValid() ? colour.Get() : mask.Get(), sizeof(bitmap), &bitmap);
-    return {bitmap.bmWidth, colour.IsValid() ? bitmap.bmHeight : bitmap.bmHeight / 2};
-}
 
 HICON IconOf(const clTipItem& item) {
     const XIcon* const states[] = {&item.Normal, &item.Hover, &item.Down};
@@ -35,7 +26,7 @@ void CreateFontOf(XFont& font, HDC dc, const clTipItem& item) {
 RECT RectangleOf(const clTipItem& item, HDC dc) {
     SIZE size{};
     if (item.Text.IsEmpty()) {
-        size = SizeOf(item.Normal.Get());
+        size = IconSize(item.Normal.Get());
     } else {
         XFont font;
         CreateFontOf(font, dc, item);
@@ -54,15 +45,6 @@ void PaintItem(const clTipItem& item, HDC dc) {
     CreateFontOf(font, dc, item);
     font.TextOut(item.X, item.Y, item.Text);
 }
-
-class ScreenDc {
-public:
-    ScreenDc() : dc(GetDC(nullptr)) {}
-    ~ScreenDc() { ReleaseDC(nullptr, dc); }
-    ScreenDc(const ScreenDc&) = delete;
-    ScreenDc& operator=(const ScreenDc&) = delete;
-    const HDC dc;
-};
 } // namespace
 
 void XToolTip::TickAt(POINT cursor, std::uint32_t now) {
@@ -120,9 +102,9 @@ SIZE XToolTip::MeasureTip() {
     const bool raised = Style == raisedStyle;
     Body.PadRight = ScaleToDpi(raised ? 8 : 2);
     Body.PadBottom = ScaleToDpi(raised ? 10 : 4);
-    const ScreenDc screen;
+    const XScreenDc screen;
     for (const clTipItem& item : Items) {
-        const RECT r = RectangleOf(item, screen.dc);
+        const RECT r = RectangleOf(item, screen);
         MinWidth = std::max(MinWidth, static_cast<int>(r.right) + Body.PadRight);
         MinHeight = std::max(MinHeight, static_cast<int>(r.bottom) + Body.PadBottom);
     }
@@ -187,10 +169,7 @@ void XToolTip::OnPaint() {
     XBitmap screen;
     screen.Create(dc, client.right, client.bottom);
     if (screen.Dc) {
-        Body.Dirty = 1;
-        Body.PadRight = Body.PadBottom = 0;
-        Body.MinWidth = client.right;
-        Body.MinHeight = client.bottom;
+        Body.FitTo(client.right, client.bottom);
         Body.Paint(screen.Dc, 0, 0);
         for (const clTipItem& item : Items)
             PaintItem(item, screen.Dc);
@@ -200,9 +179,9 @@ void XToolTip::OnPaint() {
 }
 
 clTipItem* XToolTip::ItemAt(int x, int y) {
-    const ScreenDc screen;
+    const XScreenDc screen;
     for (clTipItem& item : Items) {
-        const RECT r = RectangleOf(item, screen.dc);
+        const RECT r = RectangleOf(item, screen);
         if (PtInRect(&r, {x, y}))
             return &item;
     }
