@@ -224,6 +224,9 @@ TEST_F(Overwrite, OpensScrollsAndClosesWithManyRows) {
                         EXPECT_LT(timed("end", [&] { key(VK_END); }), 1000U);
                         EXPECT_EQ(ListView_GetNextItem(list, -1, LVNI_FOCUSED), 99999);
                         EXPECT_LT(timed("page", [&] { key(VK_PRIOR); }), 1000U);
+                        const int top = ListView_GetTopIndex(list);
+                        SendMessageW(Form(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+                        EXPECT_EQ(ListView_GetTopIndex(list), top - 1);
                         EXPECT_LT(timed("space", [&] { key(VK_SPACE); }), 1000U);
                         BYTE keys[256] = {};
                         keys[VK_CONTROL] = 0x80;

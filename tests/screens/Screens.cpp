@@ -4,6 +4,7 @@
 #include "../support/ReportingWorker.h"
 #include "EffectScreens.h"
 #include "NamingScreens.h"
+#include "ReviewScreens.h"
 #include "SetupScreens.h"
 #include "engine/WorkerText.h"
 #include "foundation/XFileSystem.h"
@@ -148,6 +149,10 @@ constexpr Screen screens[] = {
     {"naming", [] { ShowNaming(HoldForPicture); }},
     {"naming-functions", [] { ShowNamingFunctions(HoldForPicture); }},
     {"naming-refused", [] { ShowNamingRefused(HoldForPicture); }},
+    {"overwrite", [] { ShowOverwrite(HoldForPicture); }},
+    {"overwrite-small", [] { ShowOverwriteSmall(HoldForPicture); }},
+    {"overwrite-rename", [] { ShowOverwriteRename(HoldForPicture); }},
+    {"overwrite-menu", [] { ShowOverwriteMenu(HoldForPicture); }},
 };
 
 } // namespace

@@ -4,10 +4,12 @@
 #include "forms/review/LogTexts.h"
 #include "resources/ids.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int iconEdge = 16;   // pixels
-constexpr int scrollStep = 16; // pixels at 96 dots per inch
+constexpr int scrollStep = 16; // pixels
 constexpr int textUnits = 1000;
 
 } // namespace
@@ -23,7 +25,7 @@ XIcon ShowSmallIcon(const XWindow& form, int id, int resourceId) {
     return icon;
 }
 
-UINT TrackRowMenu(XOwnerMenu& menu, const XListView& list, HWND form, int x, int y) {
+UINT TrackRowMenu(XOwnerMenu& menu, const XListView& list, HWND form, int x, int y, bool canRename) {
     const XIcon check = SmallIcon(ID_ICON_CHECK_ALL);
     const XIcon uncheck = SmallIcon(ID_ICON_UNCHECK_ALL);
     menu.Reset();
@@ -31,6 +33,7 @@ UINT TrackRowMenu(XOwnerMenu& menu, const XListView& list, HWND form, int x, int
     menu.AddItem({ID_ROWS_UNCHECK_ALL, L"Uncheck All", uncheck.Get()}, true);
     menu.AddItem({}, true);
     menu.AddItem({ID_ROWS_UNIQUE_NAMES, L"Give All Unique Filenames (Append Time & Date)"}, true);
+    menu.EnableItem(ID_ROWS_UNIQUE_NAMES, canRename);
     const POINT point = list.MenuPoint(x, y);
     const UINT chosen = menu.TrackAt(form, point.x, point.y);
     menu.Reset();
@@ -57,7 +60,10 @@ void AppendToAllRows(XListView& list, const wchar_t* suffix) {
         list.SetCellText(list.GetCellText(row, 0) + suffix, row, 0);
 }
 
+// A report scrolls by whole rows, and less than one would be none.
 void ScrollRows(const XListView& list, int delta) {
-    if (list.List)
-        ListView_Scroll(list.List, 0, -WheelSteps(delta) * ScaleToDpi(scrollStep));
+    RECT row{};
+    if (list.RowCount() == 0 || !ListView_GetItemRect(list.List, 0, &row, LVIR_BOUNDS))
+        return;
+    ListView_Scroll(list.List, 0, -WheelSteps(delta) * std::max<int>(scrollStep, row.bottom - row.top));
 }

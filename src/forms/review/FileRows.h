@@ -10,8 +10,9 @@
 [[nodiscard]] XIcon ShowSmallIcon(const XWindow& form, int id, int resourceId);
 
 // Opens the menu at the point that OnContextMenu was given. Returns the chosen id, 0 for none. The form
-// hands its messages to `menu`, which is empty again afterwards.
-[[nodiscard]] UINT TrackRowMenu(XOwnerMenu& menu, const XListView& list, HWND form, int x, int y);
+// hands its messages to `menu`, which is empty again afterwards. `canRename`: unique names can be chosen.
+[[nodiscard]] UINT TrackRowMenu(XOwnerMenu& menu, const XListView& list, HWND form, int x, int y,
+                                bool canRename = true);
 
 void CheckAllRows(XListView& list, bool checked);
 // " - date time" of now, as the user's regional settings write them, with 24 hours. The signs in it
@@ -19,5 +20,5 @@ void CheckAllRows(XListView& list, bool checked);
 [[nodiscard]] XString UniqueSuffix();
 void AppendToAllRows(XListView& list, const wchar_t* suffix); // to column 0
 
-// For OnMouseWheel of the form: 16 pixels for each step of 120.
+// For OnMouseWheel of the form: 16 pixels, and at least a row, for each step of 120.
 void ScrollRows(const XListView& list, int delta);

@@ -6,6 +6,8 @@
 #include "foundation/XPath.h"
 #include "resources/ids.h"
 
+#include <algorithm>
+
 namespace {
 
 // Dialog units
@@ -15,12 +17,15 @@ constexpr int buttonRow = 19;
 constexpr int iconX = 8;
 constexpr int hintX = 24;
 constexpr int hintRow = 18;
+constexpr int hintHeight = 8;
+constexpr int betweenControls = 4;
 constexpr int overwriteX = 57; // from the right
 constexpr int noToAllX = 112;
 constexpr int cancelX = 167;
 constexpr int smallestListHeight = 40;
 
-constexpr int widthForHint = 620; // pixels at 96 dots per inch
+constexpr int widthForHint = 620; // pixels at 96 dots per inch, as the next
+constexpr int besidePath = 60;    // check box, icon and scroll bar
 constexpr DWORD uncheckedMs = 500;
 constexpr DWORD listStyle = LVS_EX_LABELTIP | LVS_EX_FULLROWSELECT | LVS_EX_CHECKBOXES;
 static_assert(listStyle == 0x4024);
@@ -69,11 +74,33 @@ void frmOverwrite::OnInit() {
 void frmOverwrite::OnShow(LPARAM) {
     if (isFilled)
         return;
+    GrowToPaths();
     isFilled = true;
     RECT client{};
     GetClientRect(Hwnd, &client);
     Layout(client.right, client.bottom);
     FillList();
+}
+
+// Wider than made, if the longest path needs it and the screen has it.
+void frmOverwrite::GrowToPaths() {
+    const clOverwriteItem* longest = nullptr;
+    for (const clOverwriteItem& item : Rows)
+        if (!longest || item.path.Count() > longest->path.Count())
+            longest = &item;
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    if (!longest || !GetMonitorInfoW(MonitorFromWindow(Hwnd, MONITOR_DEFAULTTONEAREST), &screen))
+        return;
+    RECT window{}, client{};
+    GetWindowRect(Hwnd, &window);
+    GetClientRect(Hwnd, &client);
+    const int wanted = ListView_GetStringWidth(List.List, WithoutExtension(longest->path).Text()) +
+                       ScaleToDpi(besidePath) + DialogX(Hwnd, listWidthLess);
+    const int most = (screen.rcWork.right - screen.rcWork.left) * 9 / 10 - (window.right - window.left);
+    const int more = std::min<int>(wanted - client.right, most);
+    if (more > 0)
+        MoveTo(window.left - more / 2, keepPosition, window.right - window.left + more, keepPosition);
 }
 
 // The column is as wide as the screen, so that no path is cut at any size of the form.
@@ -105,6 +132,8 @@ void frmOverwrite::Layout(int width, int height) {
     const int row = height - DialogY(Hwnd, buttonRow);
     MoveControl(Control(ID_RENAME_ICON), DialogX(Hwnd, iconX), row);
     MoveControl(Control(ID_RENAME_HINT), DialogX(Hwnd, hintX), height - DialogY(Hwnd, hintRow));
+    SizeControl(Control(ID_RENAME_HINT), width - DialogX(Hwnd, cancelX + betweenControls + hintX),
+                DialogY(Hwnd, hintHeight));
     MoveControl(Control(IDOK), width - DialogX(Hwnd, overwriteX), row);
     MoveControl(Control(ID_NO_TO_ALL), width - DialogX(Hwnd, noToAllX), row);
     MoveControl(Control(IDCANCEL), width - DialogX(Hwnd, cancelX), row);

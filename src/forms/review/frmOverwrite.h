@@ -39,6 +39,7 @@ private:
         frmOverwrite& Owner;
     };
 
+    void GrowToPaths();
     void FillList();
     void Layout(int width, int height);
     void LimitSize(MINMAXINFO& limits) const;
