@@ -17,6 +17,8 @@ int live = 0;
 const wchar_t* shown = nullptr;
 #ifdef FAKE_LEAVES
 LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_DESTROY)
+        SetEnvironmentVariableW(L"TM_FAKE_ENDED", L"1"); // while its code was there
     return DefWindowProcW(window, message, wParam, lParam);
 }
 #endif

@@ -350,6 +350,9 @@ TEST_F(EffectChain, DialogsHoldNothingAfterwards) {
         const FormDriver driver({Close(effect)});
         return ShowEffectSettings(nullptr, EffectLibraryPath(effect), L"-file=\"a\"");
     };
+    EXPECT_EQ(show(L"Odd"), XString());
+    wchar_t ended[2] = L"";
+    EXPECT_EQ(GetEnvironmentVariableW(L"TM_FAKE_ENDED", ended, 2), 1U);
     for (int i = 0; i < 2; ++i)
         EXPECT_EQ(show(report), XString(L"-file=\"a\""));
     const HandleReach before;
