@@ -4,7 +4,12 @@
 //   FAKE_NO_INSTANCE   Create answers null
 //   FAKE_ENDLESS       claims the last format for every index
 //   FAKE_ABSURD        Open names images of sizes that can't be
+//   FAKE_GATE          Open waits for the event of this name when the source's path holds a '='
 #include "contract/Plugin.h"
+
+#ifdef FAKE_GATE
+#include <windows.h>
+#endif
 
 #define FAKE_EXPORT extern "C" __declspec(dllexport)
 
@@ -79,6 +84,10 @@ FAKE_EXPORT std::int32_t Get(ZtInstance, const wchar_t* key, PluginParams* param
         return created;
     if (IsKey(key, L"Test Wanted"))
         return static_cast<std::int32_t>(lastWanted);
+    if (IsKey(key, L"Decoder Description")) {
+        params->text1 = L"Fake";
+        return 1;
+    }
     if (!IsKey(key, L"Decodes"))
         return 0;
     std::uint32_t index = params->index;
@@ -102,6 +111,13 @@ FAKE_EXPORT std::int32_t Open(ZtInstance, DecoderOpenBlock* block) {
     for (const wchar_t* c = block->path; *c; ++c) {
         if (*c == L'!')
             return 0;
+#ifdef FAKE_GATE
+        if (*c == L'=') {
+            const HANDLE gate = CreateEventW(nullptr, TRUE, FALSE, FAKE_GATE);
+            WaitForSingleObject(gate, 30000);
+            CloseHandle(gate);
+        }
+#endif
     }
     block->format.channels = 2;
     block->format.frequency = 44100;

@@ -43,6 +43,10 @@ FAKE_EXPORT std::int32_t ENC_Get(ZtInstance instance, const wchar_t* key, Plugin
         params->text1 = Of(instance).words;
         return 1;
     }
+    if (std::wcscmp(key, L"Extension") == 0) {
+        params->text1 = L".fake";
+        return 1;
+    }
     if (std::wcscmp(key, L"Check Settings") == 0) {
         if (NumberOf(params->text1, L"wrong", 0) == 0)
             return 1;

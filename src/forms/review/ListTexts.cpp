@@ -18,10 +18,6 @@ XString Bracketed(const XString& text) {
     return L"< " + text + L" >";
 }
 
-XString DisplayOf(const XString& pathWithoutExtension) {
-    return FolderDisplayName(pathWithoutExtension, true);
-}
-
 } // namespace
 
 bool IsNoFile(const XString& extensionOrPath) {
@@ -42,12 +38,8 @@ XString ComputedDestination(clFileItem& file, const clListNaming& naming) {
     return text;
 }
 
-XString ShownDestination(clFileItem& file, const clListNaming& naming) {
-    return file.outputPath.IsEmpty() ? ComputedDestination(file, naming) : file.outputPath;
-}
-
 XString SourceText(const XString& path, const XString& description) {
-    return IsNoFile(path) ? Bracketed(description) : DisplayOf(StripExtension(path));
+    return IsNoFile(path) ? Bracketed(description) : FolderDisplayName(StripExtension(path), true);
 }
 
 XString DriveRootOf(const XString& destination) {

@@ -21,8 +21,6 @@ struct clListNaming {
 // The path that the file gets without a rename, less its extension, as users know it. Empty while the
 // tags that it needs are not read. The item is as before in the end.
 [[nodiscard]] XString ComputedDestination(clFileItem& file, const clListNaming& naming);
-// What the row shows when the list opens: a rename of an earlier time comes before the computed name.
-[[nodiscard]] XString ShownDestination(clFileItem& file, const clListNaming& naming);
 // `description` is the type of a source that is no plain file.
 [[nodiscard]] XString SourceText(const XString& path, const XString& description);
 

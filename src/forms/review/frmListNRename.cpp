@@ -163,7 +163,7 @@ void frmListNRename::_lstView::OnContextMenu(int x, int y, HWND) {
 }
 
 void frmListNRename::ShowMenu(int x, int y) {
-    const UINT chosen = TrackRowMenu(Menu, List, Hwnd, x, y);
+    const UINT chosen = TrackRowMenu(Menu, List, Hwnd, x, y, !NoRename && !IsNameMissing());
     if (chosen == ID_ROWS_UNIQUE_NAMES)
         MakeUnique();
     else if (chosen != 0)
@@ -184,7 +184,8 @@ bool frmListNRename::IsNameMissing() const {
 void frmListNRename::MakeUnique() {
     const XString suffix = UniqueSuffix();
     const XListUpdate update(List);
-    for (int row = 0; row < List.RowCount(); ++row) {
+    const int rows = List.RowCount();
+    for (int row = 0; row < rows; ++row) {
         XString text = List.GetCellText(row, 0);
         if (text.IsEmpty())
             text = DestinationText(Files[row]);

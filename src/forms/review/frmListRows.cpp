@@ -165,7 +165,8 @@ void frmListNRename::UpdateSummary() {
 }
 
 void frmListNRename::Commit() {
-    for (int row = 0; row < List.RowCount(); ++row) {
+    const int rows = List.RowCount();
+    for (int row = 0; row < rows; ++row) {
         clFileItem& file = Files[row];
         CommitRow(file, List.GetCellText(row, columnDestination), DestinationText(file), List.IsChecked(row));
     }
