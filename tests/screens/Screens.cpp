@@ -3,6 +3,7 @@
 #include "../forms/FormDriver.h"
 #include "../support/ReportingWorker.h"
 #include "EffectScreens.h"
+#include "ListScreens.h"
 #include "NamingScreens.h"
 #include "ReviewScreens.h"
 #include "SetupScreens.h"
@@ -149,6 +150,11 @@ constexpr Screen screens[] = {
     {"naming", [] { ShowNaming(HoldForPicture); }},
     {"naming-functions", [] { ShowNamingFunctions(HoldForPicture); }},
     {"naming-refused", [] { ShowNamingRefused(HoldForPicture); }},
+    {"list", [] { ShowList(HoldForPicture); }},
+    {"list-small", [] { ShowListSmall(HoldForPicture); }},
+    {"list-least", [] { ShowListLeast(HoldForPicture); }},
+    {"list-rename", [] { ShowListRename(HoldForPicture); }},
+    {"list-menu", [] { ShowListMenu(HoldForPicture); }},
     {"overwrite", [] { ShowOverwrite(HoldForPicture); }},
     {"overwrite-small", [] { ShowOverwriteSmall(HoldForPicture); }},
     {"overwrite-rename", [] { ShowOverwriteRename(HoldForPicture); }},
