@@ -86,6 +86,32 @@ TEST_F(Converting, RunsToItsFinishedStateAndWaits) {
     EXPECT_EQ(files[2].outputPath, XString(L"Q:\\none\\2"));
 }
 
+TEST_F(Converting, FinishesInPlaceWhileMinimised) {
+    AddFiles(1);
+    const auto place = [](int button) {
+        RECT r{};
+        GetWindowRect(GetDlgItem(FindForm(button), button), &r);
+        MapWindowPoints(nullptr, FindForm(button), reinterpret_cast<POINT*>(&r), 2);
+        return r;
+    };
+    RECT cancel{};
+    seams.launch = [&](clJobSlot& slot, const clFileItem& item) {
+        cancel = place(ID_BUTTON_CANCEL);
+        ShowWindow(FindForm(ID_HEADING), SW_MINIMIZE);
+        Complete(slot, item);
+    };
+    const FormDriver driver({[&] {
+        if (!FindForm(ID_BUTTON_FINISH))
+            return false;
+        ShowWindow(FindForm(ID_HEADING), SW_RESTORE);
+        const RECT finish = place(ID_BUTTON_FINISH);
+        EXPECT_TRUE(EqualRect(&finish, &cancel)) << finish.top << " " << cancel.top;
+        return Press(ID_BUTTON_FINISH);
+    }});
+    { const frmConverting form(files, seams); }
+    EXPECT_TRUE(driver.IsDone());
+}
+
 TEST_F(Converting, ClosesByItselfAndPerformsTheChosenAction) {
     AddFiles(1);
     RegWriteDword(1, Setting::skippedFinish);

@@ -128,6 +128,9 @@ void frmConverting::PlaceWindow() {
 }
 
 void frmConverting::MakeButtons() {
+    RECT client{};
+    GetClientRect(Hwnd, &client);
+    buttonRowY = client.bottom - FromDialogUnits(0, buttonRowHeight).y;
     buttons.Create(Hwnd);
     cmdOptions.Menu = options.menu.Menu;
     AddButton(cmdOptions, ID_BUTTON_OPTIONS, L"&Options", L"Options Menu", optionsX);
@@ -140,7 +143,7 @@ void frmConverting::AddButton(XButton& button, int id, const wchar_t* caption, c
     const POINT size = FromDialogUnits(buttonWidth, buttonHeight);
     clButtonDesc description;
     description.X = FromDialogUnits(dialogX, 0).x;
-    description.Y = ButtonRowY();
+    description.Y = buttonRowY;
     description.Width = size.x;
     description.Height = size.y;
     description.Caption = caption;
@@ -199,12 +202,6 @@ POINT frmConverting::FromDialogUnits(int x, int y) const {
     RECT mapped = {x, y, x, y};
     MapDialogRect(Hwnd, &mapped);
     return {mapped.left, mapped.top};
-}
-
-int frmConverting::ButtonRowY() const {
-    RECT client{};
-    GetClientRect(Hwnd, &client);
-    return client.bottom - FromDialogUnits(0, buttonRowHeight).y;
 }
 
 void frmConverting::_cmdPause::OnClick(bool) {

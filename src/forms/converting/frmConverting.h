@@ -91,13 +91,13 @@ private:
     void ViewLogs();
     void ShareLogs(bool canReconvert);
     [[nodiscard]] POINT FromDialogUnits(int x, int y) const;
-    [[nodiscard]] int ButtonRowY() const; // pixels
 
     clConversion conversion;
     clOptionsMenu options;
     clTaskbarProgress taskbar;
     clProgressTexts shown; // as the controls show them
     bool isEnding = false; // EndConversion has begun
+    int buttonRowY = 0;    // pixels; kept, since a minimised form has no client area to go by
     XArray<XIcon> effectIcons;
     XIcon encoderIcon;
     XIcon slotIcon;
