@@ -252,6 +252,13 @@ TEST_F(ConvertTo, TabFollowsTheForm) {
         IDCANCEL);
 }
 
+TEST_F(ConvertTo, ShowsItsHelp) {
+    Run({[] { return PostMessageW(Form(), WM_SYSCOMMAND, SC_CONTEXTHELP, 0) != 0; },
+         Until([this] { return opened.Count() == 1; })},
+        IDCANCEL);
+    EXPECT_EQ(opened[0], ProgramFolder() + L"Help\\zTM\\zTM.htm");
+}
+
 TEST_F(ConvertTo, TheProgramsOwnEncodersShowTheirPanels) {
     XString program = StripBackslash(ProgramFolder()), last;
     PopLastFolder(last, program);

@@ -182,7 +182,7 @@ TEST_F(EncoderList, ProfilesAreMadeRefusedAndDeleted) {
 
 TEST_F(EncoderList, KeysAndTheWheelPassOverCommands) {
     Place(smartInstallFileName, ".mp3\r\nGamma\r\nhttp://gamma.example/\r\n");
-    Store(L"p \"Beta\"", L"", 0, L"", L"", L"");
+    Store(L"p \"Beta\"", L"", 2, L"E:\\", L"", L""); // with a balloon on the way
     RegWriteString(L"NoSame", Setting::lastCodec);
     const auto send = [](UINT message, WPARAM wParam) -> Step {
         return [=] { return PostMessageW(At(ID_ENCODER_LIST), message, wParam, 0) != 0; };

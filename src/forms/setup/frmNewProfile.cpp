@@ -31,7 +31,12 @@ void frmNewProfile::OnCancel() {
     EndDialog(Hwnd, 0);
 }
 
-void frmNewProfile::OnShow(LPARAM) {
+// Comes again, with a reason, when the owner is restored from the task bar.
+void frmNewProfile::OnShow(LPARAM reason) {
+    if (reason != 0) {
+        Handled = 0;
+        return;
+    }
     const HWND edit = Control(ID_PROFILE_NAME);
     SendMessageW(edit, EM_LIMITTEXT, longestName, 0);
     SetWindowTextW(edit, prompt);
