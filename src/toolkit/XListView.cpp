@@ -26,15 +26,6 @@ LRESULT CALLBACK DeafParent(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPara
     return CallWindowProcW(parentProc, hwnd, message, wParam, lParam);
 }
 
-// Straight to the control's own procedure: what stands before it has no part in rows and cells, and
-// its lock costs more than a cell.
-LRESULT Ask(const XListView& list, UINT message, WPARAM wParam, const void* argument) {
-    const auto lParam = reinterpret_cast<LPARAM>(argument);
-    if (list.OldProc && list.Hwnd == list.List)
-        return CallWindowProcW(list.OldProc, list.List, message, wParam, lParam);
-    return SendMessageW(list.List, message, wParam, lParam);
-}
-
 } // namespace
 
 XListView::~XListView() {
@@ -135,7 +126,22 @@ void XListView::SetCellText(const wchar_t* text, int row, int column) {
     cell.iSubItem = column;
     cell.pszText = const_cast<wchar_t*>(text ? text : L"");
     if (List)
-        Ask(*this, LVM_SETITEMW, 0, &cell);
+        Ask(LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&cell));
+}
+
+// Straight to the control's own procedure: what stands before it has no part in rows and cells, and
+// its lock costs more than a cell.
+LRESULT XListView::Ask(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return OldProc && Hwnd == List ? CallWindowProcW(OldProc, List, message, wParam, lParam)
+                                   : SendMessageW(List, message, wParam, lParam);
+}
+
+int XListView::NextRow(int row, UINT kind) const {
+    return List ? static_cast<int>(Ask(LVM_GETNEXTITEM, static_cast<WPARAM>(row), MAKELPARAM(kind, 0))) : -1;
+}
+
+UINT XListView::RowState(int row, UINT mask) const {
+    return List ? static_cast<UINT>(Ask(LVM_GETITEMSTATE, static_cast<WPARAM>(row), mask)) : 0;
 }
 
 XString XListView::GetCellText(int row, int column) const {
@@ -144,7 +150,7 @@ XString XListView::GetCellText(int row, int column) const {
     cell.iSubItem = column;
     cell.pszText = text;
     cell.cchTextMax = cellUnits;
-    if (!List || Ask(*this, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), &cell) <= 0)
+    if (!List || Ask(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&cell)) <= 0)
         return XString();
     return XString(cell.pszText).Left(cellUnits - 1);
 }
@@ -158,7 +164,7 @@ void XListView::SelectRow(int row, bool exclusive) {
         return;
     }
     for (const UINT kind : {LVNI_SELECTED, LVNI_FOCUSED, LVNI_CUT, LVNI_DROPHILITED})
-        for (int other = -1; (other = ListView_GetNextItem(List, other, kind)) >= 0;)
+        for (int other = -1; (other = NextRow(other, kind)) >= 0;)
             if (other != row)
                 ListView_SetItemState(List, other, 0, anyState);
     ListView_SetItemState(List, row, LVIS_SELECTED | LVIS_FOCUSED, anyState);
@@ -167,9 +173,7 @@ void XListView::SelectRow(int row, bool exclusive) {
 
 std::vector<int> XListView::GetSelectedRows() const {
     std::vector<int> rows;
-    if (!List)
-        return rows;
-    for (int row = -1; (row = ListView_GetNextItem(List, row, LVNI_SELECTED)) >= 0;)
+    for (int row = -1; (row = NextRow(row, LVNI_SELECTED)) >= 0;)
         rows.push_back(row);
     return rows;
 }
@@ -193,7 +197,7 @@ int XListView::InsertRow(int row, const wchar_t* text, int image) const {
         item.mask |= LVIF_IMAGE;
         item.iImage = image;
     }
-    return List ? static_cast<int>(Ask(*this, LVM_INSERTITEMW, 0, &item)) : -1;
+    return List ? static_cast<int>(Ask(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item))) : -1;
 }
 
 // The list of the system must not go with the control: see WM_DESTROY.
@@ -208,8 +212,7 @@ void XListView::UseShellIcons() {
 }
 
 bool XListView::IsChecked(int row) const {
-    const auto mask = reinterpret_cast<const void*>(static_cast<ULONG_PTR>(LVIS_STATEIMAGEMASK));
-    return List && Ask(*this, LVM_GETITEMSTATE, static_cast<WPARAM>(row), mask) >> 12 != listImageUnchecked;
+    return List && RowState(row, LVIS_STATEIMAGEMASK) >> 12 != listImageUnchecked;
 }
 
 void XListView::SetChecked(int row, bool checked) const {
@@ -217,14 +220,14 @@ void XListView::SetChecked(int row, bool checked) const {
     item.state = INDEXTOSTATEIMAGEMASK(checked ? listImageChecked : listImageUnchecked);
     item.stateMask = LVIS_STATEIMAGEMASK;
     if (List)
-        Ask(*this, LVM_SETITEMSTATE, static_cast<WPARAM>(row), &item);
+        Ask(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
 POINT XListView::MenuPoint(int x, int y) const {
     if (x != -1 || y != -1)
         return {x, y};
     RECT place{};
-    const int row = List ? ListView_GetNextItem(List, -1, LVNI_FOCUSED) : -1;
+    const int row = NextRow(-1, LVNI_FOCUSED);
     if (row >= 0) {
         ListView_EnsureVisible(List, row, FALSE);
         ListView_GetItemRect(List, row, &place, LVIR_LABEL);

@@ -110,6 +110,10 @@ private:
 
     bool borrowsImages = false;
 
+    LRESULT Ask(UINT message, WPARAM wParam, LPARAM lParam) const;
+    [[nodiscard]] int NextRow(int row, UINT kind) const; // LVNI_; -1 for none
+    [[nodiscard]] UINT RowState(int row, UINT mask) const;
+    void Empty();
     LRESULT OnListNotify(const NMHDR* header, std::uint32_t& handled);
     LRESULT OnHeaderNotify(const NMHEADERW& header, std::uint32_t& handled);
     LRESULT BeginLabelEdit(int row);

@@ -37,10 +37,8 @@ LRESULT XListView::OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPar
             handled = RefuseWidth(*header);
         return handled;
     }
-    case WM_DESTROY: // the control destroys its image lists
-        if (borrowsImages)
-            SendMessageW(hwnd, LVM_SETIMAGELIST, LVSIL_SMALL, 0);
-        borrowsImages = false;
+    case WM_DESTROY:
+        Empty();
         return 0;
     case WM_NCDESTROY:
         Editor.Close();
@@ -51,6 +49,15 @@ LRESULT XListView::OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPar
     default:
         return 0;
     }
+}
+
+// A long list would tell its parent of each row as it goes, and no borrowed image list may go with it.
+void XListView::Empty() {
+    const XListUpdate update(*this);
+    ListView_DeleteAllItems(List);
+    if (borrowsImages)
+        SendMessageW(List, LVM_SETIMAGELIST, LVSIL_SMALL, 0);
+    borrowsImages = false;
 }
 
 POINT XListView::CursorPoint() const {
@@ -99,7 +106,7 @@ bool XListView::CheckClick() {
 }
 
 void XListView::CheckWithSelection(int row) {
-    if (ListView_GetItemState(List, row, LVIS_SELECTED) == 0)
+    if (RowState(row, LVIS_SELECTED) == 0)
         SelectRow(row, true);
     const bool checked = !IsChecked(row);
     const std::vector<int> rows = GetSelectedRows();
@@ -117,19 +124,17 @@ void XListView::CheckMany(const std::vector<int>& rows, bool checked) {
     {
         const XListUpdate update(*this);
         for (const int row : rows) {
-            before.push_back(ListView_GetItemState(List, row, ~0U));
+            before.push_back(RowState(row, ~0U));
             SetChecked(row, checked);
         }
     }
     const UINT image = INDEXTOSTATEIMAGEMASK(checked ? listImageChecked : listImageUnchecked);
     for (std::size_t i = 0; i < rows.size() && List; ++i) {
-        NMLISTVIEW change{};
-        change.iItem = rows[i];
-        change.uChanged = LVIF_STATE;
-        change.uOldState = before[i];
-        change.uNewState = (before[i] & ~LVIS_STATEIMAGEMASK) | image;
-        if (change.uOldState != change.uNewState)
-            ItemChanged(change);
+        const UINT after = (before[i] & ~LVIS_STATEIMAGEMASK) | image;
+        if (before[i] == after)
+            continue;
+        OnItemChanged(rows[i], 0, LVIF_STATE, before[i], after);
+        OnCheckChanged(rows[i], checked);
     }
 }
 
@@ -140,7 +145,7 @@ bool XListView::SpacePressed() {
     for (const int key : {VK_CONTROL, VK_SHIFT, VK_MENU})
         if (GetKeyState(key) < 0)
             return false;
-    const int row = ListView_GetNextItem(List, -1, LVNI_FOCUSED);
+    const int row = NextRow(-1, LVNI_FOCUSED);
     if (row < 0)
         return false;
     OnKeyDown(VK_SPACE);
