@@ -1,7 +1,7 @@
 // The current item of the set-up form: its panel, and what belongs to the item besides.
 #include "contract/Keys.h"
+#include "forms/FormCaption.h"
 #include "forms/setup/frmConvertToOpt.h"
-#include "foundation/XFileSystem.h"
 #include "host/Settings.h"
 #include "resources/ids.h"
 
@@ -10,6 +10,7 @@ namespace {
 constexpr POINT panelPlace = {21, 33};    // dialog units
 constexpr POINT balloonOffset = {30, 10}; // pixels, from the control's upper left corner
 constexpr std::uint32_t balloonHoldMs = 2000;
+constexpr int balloonIcon = 16; // pixels
 
 } // namespace
 
@@ -34,7 +35,8 @@ void frmConvertToOpt::OpenPanel(const XString& item) {
     // New windows stand last; Tab is to lead from the list into the panel.
     HWND before = EncoderList.Combo;
     while (const HWND made = GetWindow(last, GW_HWNDNEXT)) {
-        SetWindowPos(made, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        if (!SetWindowPos(made, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE))
+            break; // it would stay the next one
         before = made;
     }
 }
