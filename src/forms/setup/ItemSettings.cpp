@@ -107,9 +107,7 @@ void frmConvertToOpt::ShowChanges(std::uint32_t mode, std::uint32_t shownMode, b
         control = ID_OUTPUT_FOLDER;
     RECT place{};
     GetWindowRect(Control(control), &place);
-    const XIcon icon(
-        static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(ID_ICON_INFORMATION),
-                                      IMAGE_ICON, 16, 16, LR_DEFAULTCOLOR)));
+    const XIcon icon(LoadProgramIcon(ID_ICON_INFORMATION, balloonIcon));
     clTipDesc balloon;
     balloon.FixedX = place.left + balloonOffset.x;
     balloon.FixedY = place.top + balloonOffset.y;
