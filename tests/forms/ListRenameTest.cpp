@@ -321,7 +321,13 @@ TEST_F(ListRename, HandlesAHundredThousandFiles) {
                         since("fill");
                         std::printf("longest wait while filling: %lu ms\n", longest);
                         EXPECT_LT(longest, 2000U);
-                        ListView_SetItemState(List(), -1, LVIS_SELECTED, LVIS_SELECTED);
+                        BYTE keys[256] = {};
+                        keys[VK_CONTROL] = 0x80;
+                        SetKeyboardState(keys);
+                        SendMessageW(List(), WM_KEYDOWN, 'A', 1);
+                        keys[VK_CONTROL] = 0;
+                        SetKeyboardState(keys);
+                        EXPECT_EQ(ListView_GetSelectedCount(List()), 100000U);
                         since("select all");
                         SendMessageW(List(), WM_KEYDOWN, VK_SPACE, 1);
                         return true;

@@ -69,8 +69,8 @@ void frmListNRename::OnInit() {
                        GetWindowLongW(List.List, GWL_STYLE) & ~static_cast<LONG>(LVS_EDITLABELS));
 }
 
+// The list gives its icons back after this, when it goes itself.
 void frmListNRename::OnDestroy() {
-    List.Detach();
     Handled = 0;
 }
 
