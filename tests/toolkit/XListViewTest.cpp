@@ -21,8 +21,6 @@ public:
     void OnCellEdited(int row, int column, const XString& text) override {
         Note(text + L" in " + DecimalText(column), row);
     }
-    void OnColumnResized(int column) override { Note(L"resized", column); }
-    void OnClick(int row, int, POINT) override { Note(L"click", row); }
     XString Take() { return std::exchange(log, XString()); }
 
     bool logsChanges = false;
@@ -155,6 +153,16 @@ TEST_F(XListViewTest, KeysGoForAllSelectedRows) {
     Key('A', true);
     EXPECT_EQ(list.Take(), XString(L"select 0;select 1;select 2;select 3;"));
     EXPECT_EQ(list.GetSelectedRows(), (std::vector<int>{0, 1, 2, 3}));
+    for (int row = 4; row < 150; ++row) // enough for the bulk way: it tells the same
+        list.InsertRow(row, L"more", -1);
+    Key('A', true);
+    list.SetChecked(7, true);
+    list.Take();
+    ListView_SetItemState(list.List, 0, LVIS_FOCUSED, LVIS_FOCUSED);
+    Key(VK_SPACE);
+    XString log = list.Take();
+    EXPECT_TRUE(log.StartsWith(L"check 0;check 1;check 2;check 3;check 4;check 5;check 6;check 8;"));
+    EXPECT_EQ(log.Right(10), XString(L"check 149;"));
 }
 
 TEST_F(XListViewTest, TellsChangesUnlessUpdating) {
