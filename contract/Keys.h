@@ -15,5 +15,6 @@ inline constexpr wchar_t disableConvertToFolder[] = L"DisableConvertToFolder";
 inline constexpr wchar_t batchEndConversion[] = L"BatchEndConversion";
 inline constexpr wchar_t checkSettings[] = L"Check Settings";
 inline constexpr wchar_t lastError[] = L"Last Error";
+inline constexpr wchar_t information[] = L"Information";
 
 } // namespace ZtKey

@@ -157,6 +157,8 @@ typedef void (*DecoderDestroy)(ZtInstance);              // closes what is open
 //                             the format; 0 behind the last
 //       "Decoder Description" text1
 //       "Last Error"          text1: why the last Open, DecodeBlock or SetPosition failed
+//       "Information"         text1: what the user should know of the file that was decoded to its end,
+//                             lines separated by LF
 typedef std::int32_t (*DecoderGet)(ZtInstance, const wchar_t* key, PluginParams*);
 typedef std::int32_t (*DecoderSet)(ZtInstance, const wchar_t* key, PluginParams*); // no keys yet: 0
 // Opens a source, closing an earlier one. Non-zero on success; images live until Close.
@@ -172,7 +174,8 @@ typedef std::int32_t (*DecoderDeleteATag)(ZtInstance, const wchar_t* key); // no
 
 typedef ZtInstance (*EncoderCreate)(PluginCreateBlock*);
 typedef void (*EncoderDestroy)(ZtInstance);
-// Keys: "Extension"                  text1: of the output, with its dot
+// Keys: "Extension"                  text1: of the output, with its dot; ".IGNORE": there is no output,
+//                                    and outputPath below is a name without a file
 //       "RequiresDSP"                text1 settings; text2: "effect=settings" that must be in the chain
 //       "NoMultiCPU"                 text1 settings; non-zero: one worker at a time
 //       "MultiEncEncodingMultiplier" text1 settings; returns how often faster the speed is to be shown
@@ -182,6 +185,8 @@ typedef void (*EncoderDestroy)(ZtInstance);
 //       "Check Settings"             text1 settings; non-zero if they are good, else text2 says what is
 //                                    wrong (an encoder that does not know the key answers 0 and null)
 //       "Last Error"                 text1: why the last Begin, EncodeBlock or End failed
+//       "Information"                text1: what the user should know of a complete file, such as what of
+//                                    its source it can't hold; lines separated by LF
 typedef std::int32_t (*EncoderGet)(ZtInstance, const wchar_t* key, PluginParams*);
 typedef std::int32_t (*EncoderSet)(ZtInstance, const wchar_t* key, PluginParams*); // no keys yet: 0
 // Shows the settings panel as a child of `parent` at x, y (pixels), filled from the settings text.

@@ -19,9 +19,16 @@ public:
         return false;
     }
 
-    PcmFormat format;   // what Encode gets
-    XString lastError;  // of Begin, Encode or End
-    XString checkError; // of the last check of settings
+    // A line for the information log; an empty one is none.
+    void Inform(const XString& line) {
+        if (!line.IsEmpty())
+            information += (information.IsEmpty() ? XString() : XString(L"\n")) + line;
+    }
+
+    PcmFormat format;    // what Encode gets
+    XString lastError;   // of Begin, Encode or End
+    XString checkError;  // of the last check of settings
+    XString information; // lines, since Begin
 };
 
 template <class Encoder>
@@ -53,12 +60,17 @@ std::int32_t EncoderGetKey(Encoder& encoder, const wchar_t* key, PluginParams& p
         params.text1 = encoder.lastError;
         return 1;
     }
+    if (name == ZtKey::information && !encoder.information.IsEmpty()) {
+        params.text1 = encoder.information;
+        return 1;
+    }
     return 0; // runs on several processors at once, needs no effect, hinders no output folder
 }
 
 template <class Encoder>
 bool EncoderBegin(Encoder& encoder, const EncoderBeginBlock* block) {
     encoder.lastError.Clear();
+    encoder.information.Clear();
     if (!block || block->size < sizeof(EncoderBeginBlock) || !block->outputPath)
         return encoder.Fail(L"The encoder was started without an output");
     encoder.format = PcmFormat();

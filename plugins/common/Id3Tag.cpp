@@ -34,12 +34,15 @@ public:
         Raw(id, 4);
         out.insert(out.end(), headerBytes - 4, 0);
     }
-    void End() {
+    // False if the frame did not fit and went again.
+    bool End() {
         const std::size_t size = out.size() - start - headerBytes;
-        if (out.size() > mostBytes)
-            out.resize(start);
-        else
+        const bool fits = out.size() <= mostBytes;
+        if (fits)
             PutSize(out.data() + start + 4, size);
+        else
+            out.resize(start);
+        return fits;
     }
     void Byte(int value) { out.push_back(static_cast<unsigned char>(value)); }
     void Raw(const void* bytes, std::size_t count) {
@@ -73,7 +76,7 @@ unsigned char EncodingOf(const XStringArray& values, const XString& other) noexc
 }
 
 // Several values stand behind one another with terminators between them.
-void WriteTextFrame(FrameWriter& frame, const char* id, const XString& description,
+bool WriteTextFrame(FrameWriter& frame, const char* id, const XString& description,
                     const XStringArray& values) {
     const unsigned char encoding = EncodingOf(values, description);
     frame.Begin(id);
@@ -82,11 +85,11 @@ void WriteTextFrame(FrameWriter& frame, const char* id, const XString& descripti
         frame.Text(description, encoding, true);
     for (std::int64_t i = 0; i < values.Count(); ++i)
         frame.Text(values[i], encoding, i + 1 < values.Count());
-    frame.End();
+    return frame.End();
 }
 
 // Comments and lyrics have a language and a description, and can't hold several values.
-void WriteLanguageFrame(FrameWriter& frame, const char* id, const XStringArray& values) {
+bool WriteLanguageFrame(FrameWriter& frame, const char* id, const XStringArray& values) {
     XString all;
     for (const XString& value : values) {
         if (!all.IsEmpty())
@@ -99,10 +102,10 @@ void WriteLanguageFrame(FrameWriter& frame, const char* id, const XStringArray& 
     frame.Raw("eng", 3);
     frame.Text(XString(), encoding, true);
     frame.Text(all, encoding, false);
-    frame.End();
+    return frame.End();
 }
 
-void WritePictureFrame(FrameWriter& frame, const TagPicture& picture) {
+bool WritePictureFrame(FrameWriter& frame, const TagPicture& picture) {
     const unsigned char encoding = IsAscii(picture.description) ? latin1 : utf16;
     frame.Begin("APIC");
     frame.Byte(encoding);
@@ -110,35 +113,36 @@ void WritePictureFrame(FrameWriter& frame, const TagPicture& picture) {
     frame.Byte(picture.type);
     frame.Text(picture.description, encoding, true);
     frame.Raw(picture.bytes, picture.size);
-    frame.End();
+    return frame.End();
 }
 
-void WriteItem(FrameWriter& frame, const XTagItem& item) {
+// False if the tag can't hold it; true, too, where there is nothing to write.
+bool WriteItem(FrameWriter& frame, const XTagItem& item) {
     if (IsPicture(item)) {
         TagPicture picture;
-        if (ReadPicture(item, picture) && picture.size < mostBytes)
-            WritePictureFrame(frame, picture);
-        return;
+        if (!ReadPicture(item, picture))
+            return true;
+        return picture.size < mostBytes && WritePictureFrame(frame, picture);
     }
     XStringArray values;
     SplitValues(item, values);
     if (values.IsEmpty() || item.key.IsEmpty())
-        return;
+        return true;
     const TagName* name = FindTagName(item.key);
     const char* id = name && name->id3 ? name->id3 : "TXXX";
     if (std::strcmp(id, "COMM") == 0 || std::strcmp(id, "USLT") == 0)
-        WriteLanguageFrame(frame, id, values);
-    else
-        WriteTextFrame(frame, id, item.key, values);
+        return WriteLanguageFrame(frame, id, values);
+    return WriteTextFrame(frame, id, item.key, values);
 }
 
 } // namespace
 
-ByteVector BuildId3Tag(const XTagList& tags, std::size_t padding) {
+ByteVector BuildId3Tag(const XTagList& tags, std::size_t padding, LeftOutTags& leftOut) {
     ByteVector out(headerBytes, 0);
     FrameWriter frame(out);
     for (std::int64_t i = 0; i < tags.Count(); ++i)
-        WriteItem(frame, tags[i]);
+        if (!WriteItem(frame, tags[i]))
+            leftOut.Add(tags[i]);
     if (out.size() == headerBytes)
         return {};
     if (out.size() + padding <= mostBytes)

@@ -2,12 +2,9 @@
 #pragma once
 
 #include "foundation/XTagList.h"
-
-#include <cstddef>
-#include <vector>
-
-using ByteVector = std::vector<unsigned char>;
+#include "plugins/common/ByteWriter.h"
+#include "plugins/common/Information.h"
 
 // The whole tag with `padding` zero bytes behind its frames; empty if the list has nothing to write.
-// A frame too large for the format's 28-bit sizes is left out.
-[[nodiscard]] ByteVector BuildId3Tag(const XTagList& tags, std::size_t padding);
+// A frame too large for the format's 28-bit sizes goes to `leftOut`.
+[[nodiscard]] ByteVector BuildId3Tag(const XTagList& tags, std::size_t padding, LeftOutTags& leftOut);

@@ -2,19 +2,40 @@
 #include "plugins/common/PcmConvert.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstring>
 
 namespace {
 
 // What a float's mantissa holds: from here on rounding loses nothing that dither could mend.
 constexpr int floatBits = 24;
 
-template <int bytes>
-void PackRight(const std::int32_t* in, unsigned char* out, std::size_t count) noexcept {
+template <int bytes, bool big>
+void Pack(const void* in, unsigned char* out, std::size_t count, std::uint32_t offset) noexcept {
+    const unsigned char* from = static_cast<const unsigned char*>(in);
     for (std::size_t i = 0; i < count; ++i) {
-        const std::uint32_t value = static_cast<std::uint32_t>(in[i]);
+        std::uint32_t value = 0;
+        std::memcpy(&value, from + i * sizeof value, sizeof value); // of integers or floats
+        value += offset;
         for (int b = 0; b < bytes; ++b)
-            *out++ = static_cast<unsigned char>(value >> (8 * b));
+            *out++ = static_cast<unsigned char>(value >> (8 * (big ? bytes - 1 - b : b)));
+    }
+}
+
+template <bool big>
+void PackOrder(const void* in, unsigned char* out, std::size_t count, int bytes) noexcept {
+    switch (bytes) {
+    case 1:
+        Pack<1, big>(in, out, count, 0);
+        break;
+    case 2:
+        Pack<2, big>(in, out, count, 0);
+        break;
+    case 3:
+        Pack<3, big>(in, out, count, 0);
+        break;
+    default:
+        Pack<4, big>(in, out, count, 0);
+        break;
     }
 }
 
@@ -32,22 +53,14 @@ void AlignLeft(const std::int32_t* in, std::int32_t* out, std::size_t count, int
         out[i] = static_cast<std::int32_t>(static_cast<std::uint32_t>(in[i]) << shift);
 }
 
-void PackSamples(const std::int32_t* in, unsigned char* out, std::size_t count, int bytes) noexcept {
-    switch (bytes) {
-    case 1:
-        for (std::size_t i = 0; i < count; ++i)
-            out[i] = static_cast<unsigned char>(in[i] + 128);
-        break;
-    case 2:
-        PackRight<2>(in, out, count);
-        break;
-    case 3:
-        PackRight<3>(in, out, count);
-        break;
-    default:
-        PackRight<4>(in, out, count);
-        break;
-    }
+void PackSamples(const void* in, unsigned char* out, std::size_t count, int bytes,
+                 SampleOrder order) noexcept {
+    if (order == SampleOrder::big)
+        PackOrder<true>(in, out, count, bytes);
+    else if (order == SampleOrder::wave && bytes == 1)
+        Pack<1, false>(in, out, count, 128);
+    else
+        PackOrder<false>(in, out, count, bytes);
 }
 
 void DepthChanger::Open(bool fromFloat, int fromBits, int toBits) noexcept {
@@ -55,6 +68,7 @@ void DepthChanger::Open(bool fromFloat, int fromBits, int toBits) noexcept {
     sourceBits = fromFloat ? floatBits : fromBits;
     targetBits = toBits;
     dithers = false;
+    clipped = 0;
 }
 
 const std::int32_t* DepthChanger::Convert(const void* samples, std::size_t count) {
@@ -86,6 +100,7 @@ void DepthChanger::FromFloat(const float* in, std::size_t count) noexcept {
         double value = static_cast<double>(in[i]) * scale;
         if (!(value == value)) // not a number
             value = 0;
+        clipped += value > scale || value < -scale;
         value = std::clamp(value, -scale, top);
         if (targetBits < floatBits) {
             dithers = dithers || value != static_cast<double>(static_cast<std::int64_t>(value));

@@ -10,9 +10,11 @@
 void IntToFloat(const std::int32_t* in, float* out, std::size_t count, int bits) noexcept;
 // To the top of the 32 bits, where some encoders want them.
 void AlignLeft(const std::int32_t* in, std::int32_t* out, std::size_t count, int bits) noexcept;
-// Little-endian, `bytes` 1 to 4 per sample; one byte is unsigned with 128 as silence, as in wave
-// files.
-void PackSamples(const std::int32_t* in, unsigned char* out, std::size_t count, int bytes) noexcept;
+// The bytes of a sample in files. In wave files one byte alone is unsigned, with 128 as silence.
+enum class SampleOrder { wave, little, big };
+// `bytes` 1 to 4 per sample; float samples go with 4.
+void PackSamples(const void* in, unsigned char* out, std::size_t count, int bytes,
+                 SampleOrder order) noexcept;
 
 // Brings samples of one kind and depth to an integer depth, with clipping. Where depth is lost it
 // rounds with triangular dither (TPDF, 2 LSB wide), but only from the first sample on that does not
@@ -24,6 +26,8 @@ public:
     [[nodiscard]] bool IsNeeded() const noexcept { return isFloat || sourceBits != targetBits; }
     // The result lives until the next call.
     [[nodiscard]] const std::int32_t* Convert(const void* samples, std::size_t count);
+    // Float samples above full scale since Open.
+    [[nodiscard]] std::uint64_t Clipped() const noexcept { return clipped; }
 
 private:
     void FromFloat(const float* in, std::size_t count) noexcept;
@@ -35,6 +39,7 @@ private:
     int sourceBits = 16;
     int targetBits = 16;
     bool dithers = false;
+    std::uint64_t clipped = 0;
     std::uint32_t random = 0x2545F491; // the same for every file: equal input, equal output
     std::vector<std::int32_t> result;
 };

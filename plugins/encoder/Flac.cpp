@@ -143,8 +143,12 @@ bool clFlacEncoder::Begin(const EncoderBeginBlock& block) {
     if (block.tagData)
         tags.Deserialize(block.tagData, block.tagDataSize);
     encoder.reset(FLAC__stream_encoder_new());
-    if (!encoder || !metadata.Build(tags, format))
+    LeftOutTags leftOut;
+    if (!encoder || !metadata.Build(tags, format, leftOut))
         return Fail(L"Out of memory");
+    Inform(leftOut.Text(L"FLAC"));
+    if (format.isFloat && !format.isLossy)
+        Inform(L"FLAC can't hold floating point samples: they were rounded to 24 bit");
     if (!file.Create(block.outputPath))
         return Fail(file.Error());
     return Configure(block.settings) && Start();
@@ -170,6 +174,8 @@ bool clFlacEncoder::End(bool completed) {
         return Fail(L"FLAC was not started");
     if (!FLAC__stream_encoder_finish(encoder.get()))
         return EncoderFailed(L"the end");
+    if (!format.isLossy)
+        Inform(ClippedText(depth.Clipped()));
     encoder.reset();
     return (metadata.MendSeekTable(file) && file.Close()) || Fail(file.Error());
 }

@@ -22,10 +22,13 @@ bool IsImplied(std::uint32_t mask, int channels) noexcept {
     return mask == 0 || mask == UsualChannelMask(channels) || mask == 0x607 || mask == 0x60F;
 }
 
-bool AddComment(FLAC__StreamMetadata* block, const std::string& name, const XString& value) {
+// False if memory ran out. A comment that no block could hold sets `isLeftOut`.
+bool AddComment(FLAC__StreamMetadata* block, const std::string& name, const XString& value, bool& isLeftOut) {
     const std::string text = name + "=" + ToUtf8(value);
-    if (text.size() + 4 > mostBlockBytes - block->length) // with the four bytes of its own length
-        return true;                                      // no block could hold it
+    if (text.size() + 4 > mostBlockBytes - block->length) { // with the four bytes of its own length
+        isLeftOut = true;
+        return true;
+    }
     FLAC__StreamMetadata_VorbisComment_Entry entry;
     entry.length = static_cast<FLAC__uint32>(text.size());
     entry.entry = reinterpret_cast<FLAC__byte*>(const_cast<char*>(text.c_str()));
@@ -46,10 +49,13 @@ std::string FieldName(const XString& key) {
     return name;
 }
 
-bool AddItem(FLAC__StreamMetadata* block, const XTagItem& item) {
+bool AddItem(FLAC__StreamMetadata* block, const XTagItem& item, LeftOutTags& leftOut) {
     const std::string name = FieldName(item.key);
-    if (name.empty())
+    bool isLeftOut = name.empty();
+    if (isLeftOut) {
+        leftOut.Add(item);
         return true;
+    }
     const bool hasTotal = name == "TRACKNUMBER" || name == "DISCNUMBER";
     XStringArray values;
     SplitValues(item, values);
@@ -57,11 +63,14 @@ bool AddItem(FLAC__StreamMetadata* block, const XTagItem& item) {
         XString number = value, total;
         if (hasTotal)
             SplitTotal(value, number, total);
-        if (!number.IsEmpty() && !AddComment(block, name, number))
+        if (!number.IsEmpty() && !AddComment(block, name, number, isLeftOut))
             return false;
-        if (!total.IsEmpty() && !AddComment(block, name == "DISCNUMBER" ? "DISCTOTAL" : "TRACKTOTAL", total))
+        const char* totalName = name == "DISCNUMBER" ? "DISCTOTAL" : "TRACKTOTAL";
+        if (!total.IsEmpty() && !AddComment(block, totalName, total, isLeftOut))
             return false;
     }
+    if (isLeftOut)
+        leftOut.Add(item);
     return true;
 }
 
@@ -91,27 +100,30 @@ bool FlacMetadata::AddSeekTable(const PcmFormat& format) {
            FLAC__metadata_object_seektable_template_sort(seekTable, true);
 }
 
-bool FlacMetadata::AddComments(const XTagList& tags, const PcmFormat& format) {
+bool FlacMetadata::AddComments(const XTagList& tags, const PcmFormat& format, LeftOutTags& leftOut) {
     FLAC__StreamMetadata* block = Add(FLAC__METADATA_TYPE_VORBIS_COMMENT);
     if (!block)
         return false;
     for (std::int64_t i = 0; i < tags.Count(); ++i)
-        if (!IsPicture(tags[i]) && !AddItem(block, tags[i]))
+        if (!IsPicture(tags[i]) && !AddItem(block, tags[i], leftOut))
             return false;
     if (IsImplied(format.channelMask, format.channels))
         return true;
     XString mask;
     mask.ToHexShort(format.channelMask);
-    return AddComment(block, "WAVEFORMATEXTENSIBLE_CHANNEL_MASK", L"0x" + mask);
+    bool ignored = false; // some ten bytes
+    return AddComment(block, "WAVEFORMATEXTENSIBLE_CHANNEL_MASK", L"0x" + mask, ignored);
 }
 
-bool FlacMetadata::AddPicture(const XTagItem& item) {
+bool FlacMetadata::AddPicture(const XTagItem& item, LeftOutTags& leftOut) {
     TagPicture picture;
     if (!ReadPicture(item, picture))
         return true;
     std::string description = ToUtf8(picture.description);
-    if (pictureOverhead + picture.mime.size() + description.size() + picture.size > mostBlockBytes)
+    if (pictureOverhead + picture.mime.size() + description.size() + picture.size > mostBlockBytes) {
+        leftOut.Add(item);
         return true;
+    }
     // Types 1 and 2 (file icons) are refused unless they are small PNGs that stand alone.
     if (picture.type == 1 || picture.type == 2)
         picture.type = 0;
@@ -126,14 +138,14 @@ bool FlacMetadata::AddPicture(const XTagItem& item) {
                                                   static_cast<FLAC__uint32>(picture.size), true);
 }
 
-bool FlacMetadata::Build(const XTagList& tags, const PcmFormat& format) {
+bool FlacMetadata::Build(const XTagList& tags, const PcmFormat& format, LeftOutTags& leftOut) {
     pointers.clear();
     blocks.clear();
     seekTable = nullptr;
-    if (!AddSeekTable(format) || !AddComments(tags, format))
+    if (!AddSeekTable(format) || !AddComments(tags, format, leftOut))
         return false;
     for (std::int64_t i = 0; i < tags.Count(); ++i)
-        if (IsPicture(tags[i]) && !AddPicture(tags[i]))
+        if (IsPicture(tags[i]) && !AddPicture(tags[i], leftOut))
             return false;
     FLAC__StreamMetadata* padding = Add(FLAC__METADATA_TYPE_PADDING);
     if (padding)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/XTagList.h"
+#include "plugins/common/Information.h"
 #include "plugins/common/PcmFormat.h"
 
 #include <FLAC/metadata.h>
@@ -13,8 +14,8 @@ class OutputFile;
 
 class FlacMetadata {
 public:
-    // False if memory ran out. Records that the format can't hold are left out.
-    [[nodiscard]] bool Build(const XTagList& tags, const PcmFormat& format);
+    // False if memory ran out. Records that the format can't hold go to `leftOut`.
+    [[nodiscard]] bool Build(const XTagList& tags, const PcmFormat& format, LeftOutTags& leftOut);
     // For the encoder, until the next Build.
     [[nodiscard]] FLAC__StreamMetadata** Blocks() noexcept { return pointers.data(); }
     [[nodiscard]] std::uint32_t Count() const noexcept { return static_cast<std::uint32_t>(pointers.size()); }
@@ -28,8 +29,8 @@ private:
     };
     FLAC__StreamMetadata* Add(FLAC__MetadataType type);
     [[nodiscard]] bool AddSeekTable(const PcmFormat& format);
-    [[nodiscard]] bool AddComments(const XTagList& tags, const PcmFormat& format);
-    [[nodiscard]] bool AddPicture(const XTagItem& item);
+    [[nodiscard]] bool AddComments(const XTagList& tags, const PcmFormat& format, LeftOutTags& leftOut);
+    [[nodiscard]] bool AddPicture(const XTagItem& item, LeftOutTags& leftOut);
 
     std::vector<std::unique_ptr<FLAC__StreamMetadata, DeleteBlock>> blocks;
     std::vector<FLAC__StreamMetadata*> pointers;

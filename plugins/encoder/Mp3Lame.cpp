@@ -16,6 +16,7 @@
 
 namespace {
 
+constexpr int mostChannels = 2;
 constexpr std::size_t tagPadding = 1024;   // tag editors then need not rewrite the file
 constexpr std::uint32_t runFrames = 16384; // frames per call of LAME
 // LAME's own bound for one call, and for the flush.
@@ -120,6 +121,11 @@ bool clLameEncoder::StartLame(const Mp3Choice& choice) {
     if (lame && choice.cbr && FrameBytes(lame.get()) < headerBytes)
         lame = NewLame(choice, frequency, true);
     resamples = channels != format.channels || frequency != format.frequency;
+    if (format.channels > mostChannels)
+        Inform(L"mp3 can't hold " + DecimalText(format.channels) + L" channels: they were mixed down to " +
+               DecimalText(channels));
+    if (MpegRateFor(format.frequency) != format.frequency)
+        Inform(RateText(L"mp3", format.frequency, frequency));
     return lame || Fail(L"LAME refuses these settings for this source");
 }
 
@@ -132,7 +138,9 @@ bool clLameEncoder::Begin(const EncoderBeginBlock& block) {
     XTagList tags;
     if (block.tagData)
         tags.Deserialize(block.tagData, block.tagDataSize);
-    const ByteVector tag = BuildId3Tag(tags, tagPadding);
+    LeftOutTags leftOut;
+    const ByteVector tag = BuildId3Tag(tags, tagPadding, leftOut);
+    Inform(leftOut.Text(L"mp3"));
     mp3.resize(mp3Room);
     hasFrames = false;
     if (!file.Create(block.outputPath) || !file.Write(tag.data(), tag.size()))

@@ -5,10 +5,10 @@
 
 #define ID_SUMMARY 110
 
-// Wave
-#define ID_WAVE_FORMAT 120
-#define ID_WAVE_RATE 121
-#define ID_WAVE_CHANNELS 122
+// Wave, AIFF, Wave64
+#define ID_PCM_FORMAT 120
+#define ID_PCM_RATE 121
+#define ID_PCM_CHANNELS 122
 
 // FLAC
 #define ID_FLAC_LEVEL 130

@@ -2,29 +2,16 @@
 #pragma once
 
 #include "foundation/XTagList.h"
-
-#include <cstdint>
-#include <vector>
-
-using ByteVector = std::vector<unsigned char>;
-
-struct WaveLayout {
-    bool isFloat = false;
-    int sampleBytes = 2;
-    int channels = 2;
-    std::uint32_t frequency = 44100;
-    std::uint32_t channelMask = 0;
-
-    [[nodiscard]] std::uint32_t FrameBytes() const noexcept {
-        return static_cast<std::uint32_t>(sampleBytes) * static_cast<std::uint32_t>(channels);
-    }
-};
+#include "plugins/common/ByteWriter.h"
+#include "plugins/encoder/PcmLayout.h"
 
 // Everything before the first sample; its size depends on the layout alone, so the header can be
 // written anew when the sizes are known. A JUNK chunk keeps the place of the sizes of RF64.
-// `dataBytes` are those of the samples, `fileBytes` those of the whole file.
-[[nodiscard]] ByteVector BuildWaveHeader(const WaveLayout& layout, std::uint64_t dataBytes,
+// `dataBytes` are those of the samples, `fileBytes` those of the whole file, both 0 as long as unknown.
+[[nodiscard]] ByteVector BuildWaveHeader(const PcmLayout& layout, std::uint64_t dataBytes,
                                          std::uint64_t fileBytes);
+// The content of a format chunk: WAVEFORMATEX, or WAVEFORMATEXTENSIBLE where that is not enough.
+[[nodiscard]] ByteVector BuildWaveFormat(const PcmLayout& layout);
 
 // LIST chunk of type INFO with the tags that it has a name for; empty without one.
 [[nodiscard]] ByteVector BuildInfoChunk(const XTagList& tags);

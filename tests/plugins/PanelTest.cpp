@@ -124,11 +124,11 @@ struct ChangeRow {
 };
 
 constexpr ChangeRow changeRows[] = {
-    {wave, L"", ID_WAVE_FORMAT, nullptr, VK_DOWN, 3, L"-format=\"24\""},
-    {wave, L"-x=\"y\" -format=\"8\"", ID_WAVE_FORMAT, nullptr, VK_HOME, 1, L"-x=\"y\""},
-    {wave, L"-format=\"16\" -rate=\"44100\"", ID_WAVE_CHANNELS, nullptr, VK_END, 1,
+    {wave, L"", ID_PCM_FORMAT, nullptr, VK_DOWN, 3, L"-format=\"24\""},
+    {wave, L"-x=\"y\" -format=\"8\"", ID_PCM_FORMAT, nullptr, VK_HOME, 1, L"-x=\"y\""},
+    {wave, L"-format=\"16\" -rate=\"44100\"", ID_PCM_CHANNELS, nullptr, VK_END, 1,
      L"-format=\"16\" -rate=\"44100\" -channels=\"2\"", L"16 bit, 44100 Hz, stereo: 10.6 MB a minute"},
-    {wave, L"-rate=\"12345\"", ID_WAVE_RATE, nullptr, VK_UP, 1, L"-rate=\"11025\""},
+    {wave, L"-rate=\"12345\"", ID_PCM_RATE, nullptr, VK_UP, 1, L"-rate=\"11025\""},
     {report, L"-file=\"C:\\a\"", ID_FILE, L" \"D:\\b\" ", 0, 0, L"-file=\"D:\\b\""},
     {report, L"-file=\"C:\\a\"", ID_FILE, L" ", 0, 0, L"", L"Without a file no report is written."},
     {playlist, L"", ID_FILE, L"a.m3u8", 0, 0, L"-file=\"a.m3u8\""},

@@ -73,11 +73,11 @@ TEST(PcmConvert, DitherKeepsTheMean) {
 TEST(PcmConvert, PacksLittleEndian) {
     const Ints in = {-2, 0x010203};
     unsigned char out[8];
-    PackSamples(in.data(), out, 2, 3);
+    PackSamples(in.data(), out, 2, 3, SampleOrder::wave);
     const unsigned char expected[] = {0xFE, 0xFF, 0xFF, 0x03, 0x02, 0x01};
     EXPECT_EQ(std::memcmp(out, expected, sizeof expected), 0);
     const Ints bytes = {-128, 0, 127};
-    PackSamples(bytes.data(), out, 3, 1);
+    PackSamples(bytes.data(), out, 3, 1, SampleOrder::wave);
     EXPECT_EQ(out[0], 0);
     EXPECT_EQ(out[1], 128);
     EXPECT_EQ(out[2], 255);

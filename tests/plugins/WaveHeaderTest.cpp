@@ -19,7 +19,7 @@ bool HasId(const ByteVector& bytes, std::size_t at, const char* id) {
 }
 
 TEST(WaveHeader, TellsTheSizes) {
-    const WaveLayout layout;
+    const PcmLayout layout;
     const ByteVector header = BuildWaveHeader(layout, 4000, 5000);
     ASSERT_EQ(header.size(), 80u);
     EXPECT_TRUE(HasId(header, 0, "RIFF") && HasId(header, 8, "WAVE") && HasId(header, 12, "JUNK"));
@@ -33,7 +33,7 @@ TEST(WaveHeader, TellsTheSizes) {
 
 // Above 4 GB the same places hold the 64-bit sizes, and the 32-bit ones say so.
 TEST(WaveHeader, BecomesRf64) {
-    const WaveLayout layout;
+    const PcmLayout layout;
     constexpr std::uint64_t limit = 0xFFFFFFFE;
     EXPECT_TRUE(HasId(BuildWaveHeader(layout, limit - 72, limit + 8), 0, "RIFF"));
     constexpr std::uint64_t data = 5'000'000'000, file = data + 80;
@@ -59,7 +59,7 @@ TEST(WaveHeader, DescribesLargeSamplesAndManyChannels) {
                             {false, 2, 6, true},
                             {true, 4, 1, true}};
     for (const Row& row : rows) {
-        WaveLayout layout;
+        PcmLayout layout;
         layout.isFloat = row.isFloat;
         layout.sampleBytes = row.bytes;
         layout.channels = row.channels;

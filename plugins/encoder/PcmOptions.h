@@ -1,9 +1,9 @@
-// The options of "Wave", as its encoder checks and its panel offers them.
+// The options of the libraries that write PCM, as the encoders check and their panel offers them.
 #pragma once
 
 #include "plugins/common/Settings.h"
 
-namespace WaveOption {
+namespace PcmOption {
 
 inline constexpr int lowestRate = 1000;
 inline constexpr int highestRate = 768000;
@@ -15,4 +15,4 @@ inline constexpr SettingsOption all[] = {
     {L"channels", L"source", 1, mostChannels},
 };
 
-} // namespace WaveOption
+} // namespace PcmOption

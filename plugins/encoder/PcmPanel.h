@@ -1,12 +1,13 @@
-// The panel of "Wave": sample format, rate and channels, each as the source has it or fixed.
+// The panel of the libraries that write PCM: sample format, rate and channels, each as the source has it or
+// fixed.
 #pragma once
 
 #include "plugins/common/PanelWindow.h"
 #include "plugins/encoder/PanelIds.h"
 
-class WavePanel final : public PanelWindow {
+class PcmPanel final : public PanelWindow {
 public:
-    WavePanel() noexcept : PanelWindow(ID_PANEL) {}
+    PcmPanel() noexcept : PanelWindow(ID_PANEL) {}
 
 protected:
     void Fill(const SettingsText& settings) override;

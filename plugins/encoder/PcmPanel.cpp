@@ -1,7 +1,7 @@
 // Rates and channels of a hand-written settings text join the lists.
-#include "plugins/encoder/WavePanel.h"
+#include "plugins/encoder/PcmPanel.h"
 
-#include "plugins/encoder/WaveOptions.h"
+#include "plugins/encoder/PcmOptions.h"
 
 #include <iterator>
 
@@ -12,7 +12,7 @@ struct Format {
     int bytes;
 };
 
-constexpr const wchar_t* formatWords[] = {WaveOption::source, L"8", L"16", L"24", L"32", L"float"};
+constexpr const wchar_t* formatWords[] = {PcmOption::source, L"8", L"16", L"24", L"32", L"float"};
 constexpr Format formats[] = {{L"As the source", 0}, {L"8 bit", 1},  {L"16 bit", 2},
                               {L"24 bit", 3},        {L"32 bit", 4}, {L"32 bit floating point", 4}};
 static_assert(std::size(formatWords) == std::size(formats));
@@ -28,7 +28,7 @@ XString ChannelText(int channels) {
 }
 
 XString NumberOrSource(int number) {
-    return number == 0 ? XString(WaveOption::source) : DecimalText(number);
+    return number == 0 ? XString(PcmOption::source) : DecimalText(number);
 }
 
 XString Summary(int format, int rate, int channels) {
@@ -45,29 +45,29 @@ XString Summary(int format, int rate, int channels) {
 
 } // namespace
 
-void WavePanel::Fill(const SettingsText& settings) {
-    const int rate = settings.Number(L"rate", WaveOption::lowestRate, WaveOption::highestRate, 0);
-    const int channels = settings.Number(L"channels", 1, WaveOption::mostChannels, 0);
+void PcmPanel::Fill(const SettingsText& settings) {
+    const int rate = settings.Number(L"rate", PcmOption::lowestRate, PcmOption::highestRate, 0);
+    const int channels = settings.Number(L"channels", 1, PcmOption::mostChannels, 0);
     for (int i = 0; i < static_cast<int>(std::size(formats)); ++i)
-        AddItem(ID_WAVE_FORMAT, formats[i].text, i);
-    AddItem(ID_WAVE_RATE, L"As the source", 0);
-    AddNumbers(ID_WAVE_RATE, usualRates, rate, L" Hz");
+        AddItem(ID_PCM_FORMAT, formats[i].text, i);
+    AddItem(ID_PCM_RATE, L"As the source", 0);
+    AddNumbers(ID_PCM_RATE, usualRates, rate, L" Hz");
     for (int i = 0; i < static_cast<int>(std::size(channelTexts)); ++i)
-        AddItem(ID_WAVE_CHANNELS, ChannelText(i), i);
-    if (!HasItem(ID_WAVE_CHANNELS, channels))
-        AddItem(ID_WAVE_CHANNELS, ChannelText(channels), channels);
-    ChooseItem(ID_WAVE_FORMAT, settings.Word(L"format", formatWords));
-    ChooseItem(ID_WAVE_RATE, rate);
-    ChooseItem(ID_WAVE_CHANNELS, channels);
+        AddItem(ID_PCM_CHANNELS, ChannelText(i), i);
+    if (!HasItem(ID_PCM_CHANNELS, channels))
+        AddItem(ID_PCM_CHANNELS, ChannelText(channels), channels);
+    ChooseItem(ID_PCM_FORMAT, settings.Word(L"format", formatWords));
+    ChooseItem(ID_PCM_RATE, rate);
+    ChooseItem(ID_PCM_CHANNELS, channels);
 }
 
-void WavePanel::Collect(SettingsText& settings) {
-    settings.Put(L"format", formatWords[ChosenItem(ID_WAVE_FORMAT)], WaveOption::source);
-    settings.Put(L"rate", NumberOrSource(ChosenItem(ID_WAVE_RATE)), WaveOption::source);
-    settings.Put(L"channels", NumberOrSource(ChosenItem(ID_WAVE_CHANNELS)), WaveOption::source);
+void PcmPanel::Collect(SettingsText& settings) {
+    settings.Put(L"format", formatWords[ChosenItem(ID_PCM_FORMAT)], PcmOption::source);
+    settings.Put(L"rate", NumberOrSource(ChosenItem(ID_PCM_RATE)), PcmOption::source);
+    settings.Put(L"channels", NumberOrSource(ChosenItem(ID_PCM_CHANNELS)), PcmOption::source);
 }
 
-void WavePanel::OnChanged(int) {
+void PcmPanel::OnChanged(int) {
     SetText(ID_SUMMARY,
-            Summary(ChosenItem(ID_WAVE_FORMAT), ChosenItem(ID_WAVE_RATE), ChosenItem(ID_WAVE_CHANNELS)));
+            Summary(ChosenItem(ID_PCM_FORMAT), ChosenItem(ID_PCM_RATE), ChosenItem(ID_PCM_CHANNELS)));
 }
