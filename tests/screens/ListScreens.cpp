@@ -25,6 +25,8 @@ void ShowHeld(const FormDriver::Step& prepare, const FormDriver::Step& hold) {
             file->sourcePath =
                 XString(L"C:\\Users\\Someone\\Music\\The Example Orchestra\\") + album + L"\\" + name;
             file->format.lengthMs = lengthMs += 37000;
+            file->format.sampleKind = ztSampleInteger;
+            file->format.sampleBytes = 4;
             file->format.channels = 2;
             file->format.frequency = 44100;
             file->format.bitsPerSample = 16;
