@@ -1,9 +1,9 @@
 #!/bin/bash
-# Downloads Debian source packages and unpacks them, Debian's patches applied.
-# usage: fetch.sh <download folder> <unpack folder> <list of "package version">
+# Downloads Debian source packages.
+# usage: fetch.sh <download folder> <list as in sources.txt>
 # The machine's apt settings stay as they are: a private set of source lists is derived from them.
 set -euo pipefail
-downloads=$1 unpacked=$2 list=$3
+downloads=$1 list=$2
 apt=$downloads/apt
 
 # Turns every entry that the machine's apt uses for binaries into one for sources.
@@ -31,23 +31,40 @@ Apt() {
         -o Acquire::Languages=none -o Acquire::Retries=3 -o DPkg::Lock::Timeout=500 "$@"
 }
 
+# The sum that a description gives for a file.
+SumIn() {
+    awk -v name="$2" '/^[^ ]/ {on = /^Checksums-Sha256:/} on && $3 == name {print $1 "  " $3}' "$1"
+}
+
 DeriveSourceLists
 # A source that does not answer matters only if it has one of the packages: then the fetch below fails.
 Apt update
 
 cd "$downloads"
-rm -f ./*.dsc
-while read -r package version _; do
-    case $package in '' | '#'*) continue ;; esac
-    Apt source --download-only --only-source "$package"
-    description=$(ls "$package"_*.dsc)
-    found=$(sed -nE 's/^Version: //p' "$description" | head -n 1)
+whole=() plain=()
+while read -r library package version kind; do
+    case $library in '' | '#'*) continue ;; esac
+    if [ "$kind" = plain ]; then
+        rm -f "${package}"_*
+        plain+=("$package")
+    else
+        rm -f "${package}"_*.dsc
+        whole+=("$package")
+    fi
+done <"$list"
+if [ "${#whole[@]}" -gt 0 ]; then Apt source --download-only --only-source "${whole[@]}"; fi
+for package in "${plain[@]}"; do
+    # where the packaging is missing apt reports failure after it has the rest: the sum decides
+    Apt source --download-only --only-source "$package" || true
+    SumIn "$package"_*.dsc "$(ls "$package"_*.orig.tar.*[z2])" | sha256sum --check -
+done
+
+while read -r library package version _; do
+    case $library in '' | '#'*) continue ;; esac
+    found=$(sed -nE 's/^Version: //p' "$package"_*.dsc | head -n 1)
     # an epoch is no part of the upstream version
     case ${found#*:} in
     "$version"[.+~-]*) ;;
     *) echo "$package: this recipe is for version $version, apt offers $found" >&2; exit 1 ;;
     esac
-    # apt has compared all files with the signed index; the developer's own signature needs another key ring
-    dpkg-source --no-check -x "$description" "$unpacked/$package"
-    echo "$package $found" >>"$unpacked/VERSIONS"
 done <"$list"

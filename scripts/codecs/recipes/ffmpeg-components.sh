@@ -1,5 +1,5 @@
 #!/bin/bash
-# Prints FFmpeg's configure switches for reading audio, one a line.
+# Prints FFmpeg's configure switches for reading audio and for writing AAC, ALAC and their files, one a line.
 # usage: ffmpeg-components.sh <FFmpeg source folder>
 # Names that the source does not have are an error: configure itself would pass over them silently.
 set -euo pipefail
@@ -23,10 +23,20 @@ demuxers="
     pcm_alaw pcm_f32be pcm_f32le pcm_f64be pcm_f64le pcm_mulaw pcm_s16be pcm_s16le pcm_s24be pcm_s24le
     pcm_s32be pcm_s32le pcm_s8 pcm_u16be pcm_u16le pcm_u24be pcm_u24le pcm_u32be pcm_u32le pcm_u8 pcm_vidc"
 
-parsers="aac aac_latm ac3 adx amr cook dca dolby_e flac g723_1 g729 gsm mlp mpegaudio opus sbc sipr tak vorbis xma"
+# Films whose sound one of the decoders reads; their pictures are passed over.
+demuxers+="
+    bethsoftvid bfi bink bmv c93 cdxl dsicin dv dxa ea ea_cdata fourxm gdv gxf hnm idcin ipmovie ivr jv kux lxf mm
+    moflex mtv mv mxf nsv nut nuv paf pva rl2 roq rpl segafilm siff smacker smush swf thp tiertexseq tmv vividas
+    vivo vmd wc3 wtv yop"
+
+parsers="aac aac_latm ac3 adx amr cook dca dolby_e dvaudio flac g723_1 g729 gsm mlp mpegaudio opus sbc sipr tak vorbis xma"
 
 filters="aac_adtstoasc dca_core eac3_core extract_extradata mp3_header_decompress null
     opus_metadata pcm_rechunk remove_extradata setts truehd_core"
+
+encoders="aac alac"
+
+muxers="caf ipod mp4 w64"
 
 protocols="file pipe"
 
@@ -46,7 +56,9 @@ Enable() {
 
 unknown=0
 Enable decoder decoder libavcodec/allcodecs.c $decoders
+Enable encoder encoder libavcodec/allcodecs.c $encoders
 Enable demuxer demuxer libavformat/allformats.c $demuxers
+Enable muxer muxer libavformat/allformats.c $muxers
 Enable parser parser libavcodec/parsers.c $parsers
 Enable bsf bsf libavcodec/bitstream_filters.c $filters
 Enable protocol protocol libavformat/protocols.c $protocols

@@ -1,0 +1,41 @@
+# The cross-compiled codec libraries below TM_CODECS, one imported target each: codec_<name>.
+# Linking one brings its headers (as system headers), the definitions that its users need and what it needs itself.
+#   FFmpeg, DLLs beside the program:  codec_avformat codec_avcodec codec_swresample codec_avutil
+#   static, encoders:                 codec_flac codec_lame codec_opusenc codec_vorbis codec_wavpack
+#   static, others:                   codec_ebur128 codec_opus codec_ogg codec_soxr codec_taglib codec_zlib
+
+# tm_codec(name FILES library... [DEFINES ...] [DEPENDS other names...] [FOLDERS below include/...])
+function(tm_codec name)
+    cmake_parse_arguments(C "" "" "FILES;DEFINES;DEPENDS;FOLDERS" ${ARGN})
+    list(TRANSFORM C_FILES PREPEND ${TM_CODECS}/lib/)
+    list(TRANSFORM C_FOLDERS PREPEND ${TM_CODECS}/include/)
+    list(TRANSFORM C_DEPENDS PREPEND codec_)
+    foreach(file ${C_FILES})
+        if(NOT EXISTS ${file})
+            message(WARNING "No codec_${name} without ${file}: set TM_CODECS to what scripts/codecs.sh prints")
+            return()
+        endif()
+    endforeach()
+    add_library(codec_${name} INTERFACE IMPORTED GLOBAL)
+    target_include_directories(codec_${name} INTERFACE ${TM_CODECS}/include ${C_FOLDERS})
+    target_compile_definitions(codec_${name} INTERFACE ${C_DEFINES})
+    target_link_libraries(codec_${name} INTERFACE ${C_FILES} ${C_DEPENDS})
+endfunction()
+
+if(WIN32 AND TM_CODECS)
+    tm_codec(avutil FILES libavutil.dll.a)
+    tm_codec(swresample FILES libswresample.dll.a DEPENDS avutil)
+    tm_codec(avcodec FILES libavcodec.dll.a DEPENDS avutil)
+    tm_codec(avformat FILES libavformat.dll.a DEPENDS avcodec avutil)
+    tm_codec(ebur128 FILES libebur128.a)
+    tm_codec(flac FILES libFLAC.a DEFINES FLAC__NO_DLL)
+    tm_codec(lame FILES libmp3lame.a)
+    tm_codec(ogg FILES libogg.a)
+    tm_codec(opus FILES libopus.a FOLDERS opus)
+    tm_codec(opusenc FILES libopusenc.a DEPENDS opus)
+    tm_codec(soxr FILES libsoxr.a)
+    tm_codec(vorbis FILES libvorbisenc.a libvorbis.a DEPENDS ogg)
+    tm_codec(wavpack FILES libwavpack.a)
+    tm_codec(zlib FILES libz.a)
+    tm_codec(taglib FILES libtag.a DEFINES TAGLIB_STATIC DEPENDS zlib)
+endif()

@@ -1,0 +1,3 @@
+Build() {
+    CMakeLibrary libebur128
+}

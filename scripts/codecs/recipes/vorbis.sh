@@ -1,0 +1,4 @@
+Build() {
+    Autotools libogg
+    Autotools libvorbis --disable-docs --disable-examples --disable-oggtest
+}

@@ -1,0 +1,3 @@
+Build() {
+    Autotools wavpack --disable-apps --disable-tests
+}
