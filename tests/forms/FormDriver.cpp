@@ -99,6 +99,26 @@ HWND FindBoxOf(HWND form) {
     });
 }
 
+std::size_t CountPlacedControls(HWND form, int width, int height) {
+    SetWindowPos(form, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+    RECT client{};
+    GetClientRect(form, &client);
+    std::vector<RECT> seen;
+    for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (!IsWindowVisible(child))
+            continue;
+        RECT own{}, common{};
+        GetWindowRect(child, &own);
+        MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&own), 2);
+        EXPECT_TRUE(IntersectRect(&common, &own, &client) && EqualRect(&common, &own))
+            << GetDlgCtrlID(child) << " at " << width;
+        for (const RECT& other : seen)
+            EXPECT_FALSE(IntersectRect(&common, &own, &other)) << GetDlgCtrlID(child) << " at " << width;
+        seen.push_back(own);
+    }
+    return seen.size();
+}
+
 XString TextOf(HWND window) {
     wchar_t text[512] = L"";
     GetWindowTextW(window, text, 512);

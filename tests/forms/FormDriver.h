@@ -46,4 +46,7 @@ private:
 [[nodiscard]] HWND FindBox(const wchar_t* text); // the message box with exactly that text
 [[nodiscard]] HWND FindBoxOf(HWND form);         // any message box that the form owns
 [[nodiscard]] XString TextOf(HWND window);
+// Sizes the form and counts its visible controls. Fails the test if one reaches out of the form or
+// over another.
+std::size_t CountPlacedControls(HWND form, int width, int height);
 [[nodiscard]] XString TextOf(HWND form, int controlId);

@@ -253,35 +253,15 @@ TEST_F(ListRename, AnEncoderWithoutFilesHasNoNames) {
 
 TEST_F(ListRename, LaysItselfOutAtAnySize) {
     Add(L"Q:\\1.zzz", 1024);
-    const auto check = [](int width, int height) {
-        const HWND form = Form();
-        SetWindowPos(form, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
-        RECT client{};
-        GetClientRect(form, &client);
-        std::vector<RECT> seen;
-        for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-            if (!IsWindowVisible(child))
-                continue;
-            RECT own{}, common{};
-            GetWindowRect(child, &own);
-            MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&own), 2);
-            EXPECT_TRUE(IntersectRect(&common, &own, &client) && EqualRect(&common, &own))
-                << GetDlgCtrlID(child) << " at " << width;
-            for (const RECT& other : seen)
-                EXPECT_FALSE(IntersectRect(&common, &own, &other)) << GetDlgCtrlID(child) << " at " << width;
-            seen.push_back(own);
-        }
-        return seen.size();
-    };
     Show({[&] {
-              EXPECT_EQ(check(1200, 700), 6U); // maximised: without the corner
+              EXPECT_EQ(CountPlacedControls(Form(), 1200, 700), 6U); // maximised: without the corner
               return ShowWindow(Form(), SW_RESTORE) != 0;
           },
           [&] {
-              EXPECT_EQ(check(1100, 700), 7U);
-              EXPECT_EQ(check(612, 300), 7U);
-              EXPECT_EQ(check(590, 300), 5U); // without the hint
-              EXPECT_EQ(check(10, 10), 5U);   // the least size
+              EXPECT_EQ(CountPlacedControls(Form(), 1100, 700), 7U);
+              EXPECT_EQ(CountPlacedControls(Form(), 612, 300), 7U);
+              EXPECT_EQ(CountPlacedControls(Form(), 590, 300), 5U); // without the hint
+              EXPECT_EQ(CountPlacedControls(Form(), 10, 10), 5U);   // the least size
               return true;
           },
           Press(IDCANCEL)});

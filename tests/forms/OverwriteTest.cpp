@@ -176,34 +176,14 @@ TEST_F(Overwrite, LaysItselfOutAtAnySize) {
     path.SetLength(250);
     path.Replace(L" ", L"wide");
     AddRow(path);
-    const auto check = [](int width, int height) {
-        const HWND form = Form();
-        SetWindowPos(form, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
-        RECT client{};
-        GetClientRect(form, &client);
-        std::vector<RECT> seen;
-        for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-            if (!IsWindowVisible(child))
-                continue;
-            RECT own{}, common{};
-            GetWindowRect(child, &own);
-            MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&own), 2);
-            EXPECT_TRUE(IntersectRect(&common, &own, &client) && EqualRect(&common, &own))
-                << GetDlgCtrlID(child) << " at " << width;
-            for (const RECT& other : seen)
-                EXPECT_FALSE(IntersectRect(&common, &own, &other)) << GetDlgCtrlID(child) << " at " << width;
-            seen.push_back(own);
-        }
-        return seen.size();
-    };
     Show({[&] {
               RECT window{};
               GetWindowRect(Form(), &window); // as far as the screen allows
               EXPECT_NEAR(window.right - window.left, GetSystemMetrics(SM_CXSCREEN) * 9 / 10, 2);
               EXPECT_GE(window.left, 0);
-              EXPECT_EQ(check(10, 10), 7U); // the least size; without the hint
-              EXPECT_EQ(check(640, 300), 9U);
-              EXPECT_EQ(check(1100, 700), 9U);
+              EXPECT_EQ(CountPlacedControls(Form(), 10, 10), 7U); // the least size; without the hint
+              EXPECT_EQ(CountPlacedControls(Form(), 640, 300), 9U);
+              EXPECT_EQ(CountPlacedControls(Form(), 1100, 700), 9U);
               return ShowWindow(Form(), SW_MAXIMIZE) != 0;
           },
           [] { return IsZoomed(Form()) && !IsWindowVisible(GetDlgItem(Form(), ID_RESIZE_CORNER)); },
