@@ -3,7 +3,7 @@
 #include "forms/review/frmListNRename.h"
 
 #include "../support/HandleReach.h"
-#include "FormDriver.h"
+#include "ListForm.h"
 #include "engine/Conversion.h"
 #include "forms/review/FileRows.h"
 #include "foundation/XFile.h"
@@ -17,9 +17,7 @@
 
 namespace {
 
-using Step = FormDriver::Step;
-
-class ListRename : public testing::Test {
+class ListRename : public ListForm<ID_FILE_LIST> {
 protected:
     ListRename() { SetPluginRoot(ProgramFolder() + L"list_fakes\\"); }
     ~ListRename() override { SetPluginRoot(nullptr); }
@@ -32,55 +30,18 @@ protected:
         return *file;
     }
     int Show(std::vector<Step> steps, DWORD limitMs = 20000) {
-        steps.insert(steps.begin(), [] { return Form() && IsWindowVisible(List()) && GetFocus() == List(); });
+        steps.insert(steps.begin(), IsOpen);
         const FormDriver driver(std::move(steps), limitMs);
         int result = 7;
         { const frmListNRename form(result, nullptr, files, encoder, folder, settings, naming); }
         EXPECT_TRUE(driver.IsDone()) << driver.StepsDone();
         return result;
     }
-    static HWND Form() { return FindForm(ID_FILE_LIST); }
-    static HWND List() { return GetDlgItem(Form(), ID_FILE_LIST); }
     static XString Summary() { return TextOf(Form(), ID_LIST_SUMMARY); }
     static bool IsComplete() { return Summary().Find(L"Estimated Total") > 0; }
-    static Step Press(int button) {
-        return [button] { return PostMessageW(GetDlgItem(Form(), button), BM_CLICK, 0, 0) != 0; };
-    }
-    static Step Key(WPARAM key) {
-        return [key] { return GetFocus() && PostMessageW(GetFocus(), WM_KEYDOWN, key, 1); };
-    }
-    static bool IsEditing() { return ListView_GetEditControl(List()) != nullptr; }
-    static bool IsNotEditing() { return !IsEditing(); }
     // Renames the next row; the focus is to stand on the one before.
     static void Rename(std::vector<Step>& steps, const wchar_t* text) {
-        steps.insert(steps.end(),
-                     {Key(VK_DOWN), Key(VK_F2),
-                      [text] { return IsEditing() && SetWindowTextW(ListView_GetEditControl(List()), text); },
-                      Key(VK_RETURN), IsNotEditing});
-    }
-    static void ChooseFromMenu(std::vector<Step>& steps, int downs) {
-        steps.emplace_back([] {
-            return PostMessageW(List(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(List()),
-                                MAKELPARAM(-1, -1)) != 0;
-        });
-        steps.emplace_back([downs] {
-            if (!FindWindowW(L"#32768", nullptr))
-                return false;
-            for (int i = 0; i < downs; ++i)
-                PostMessageW(Form(), WM_KEYDOWN, VK_DOWN, 0);
-            return PostMessageW(Form(), WM_KEYDOWN, VK_RETURN, 0) != 0;
-        });
-        steps.emplace_back([] {
-            if (FindWindowW(L"#32768", nullptr)) // nothing to choose there
-                PostMessageW(Form(), WM_KEYDOWN, VK_ESCAPE, 0);
-            return !FindWindowW(L"#32768", nullptr);
-        });
-    }
-    static bool IsChecked(int row) { return ListView_GetCheckState(List(), row) == 1; }
-    static XString Cell(int row, int column) {
-        wchar_t text[500] = L"";
-        ListView_GetItemText(List(), row, column, text, 500);
-        return text;
+        steps.insert(steps.end(), {Key(VK_DOWN), Key(VK_F2), Type(text), Key(VK_RETURN), IsNotEditing});
     }
     static XString Row(int row) {
         XString text = Cell(row, 0);
@@ -168,7 +129,7 @@ TEST_F(ListRename, NamesAndTotalWaitForTheTags) {
                                    EXPECT_EQ(Summary(), XString(L"Converting 2 Files to Plain"));
                                    return true;
                                }};
-    ChooseFromMenu(steps, 3); // no unique names yet
+    AskMenu(steps, 3); // no unique names yet
     steps.insert(steps.end(), {[&] {
                                    EXPECT_EQ(Cell(0, 0), XString(L"C:\\Out\\Blue - 1"));
                                    return SetEvent(gate.Get()) != 0;
@@ -217,12 +178,12 @@ TEST_F(ListRename, MenuChangesAllRows) {
     Add(L"Q:\\1.zzz", 1024);
     Add(L"Q:\\2.zzz", 1024);
     std::vector<Step> steps = {IsComplete};
-    ChooseFromMenu(steps, 2);
+    AskMenu(steps, 2);
     steps.emplace_back(
         [] { return !IsChecked(0) && !IsChecked(1) && Summary() == L"Converting 0 Files to Plain"; });
-    ChooseFromMenu(steps, 1);
+    AskMenu(steps, 1);
     steps.emplace_back([] { return IsChecked(0) && IsChecked(1) && IsComplete(); });
-    ChooseFromMenu(steps, 3);
+    AskMenu(steps, 3);
     steps.emplace_back([] { return Cell(1, 0).Count() > 10; });
     steps.push_back(Press(IDOK));
     EXPECT_EQ(Show(steps), 1);
@@ -242,7 +203,7 @@ TEST_F(ListRename, AnEncoderWithoutFilesHasNoNames) {
                                    EXPECT_FALSE(IsWindowVisible(GetDlgItem(Form(), ID_RENAME_HINT)));
                                    return true;
                                }};
-    ChooseFromMenu(steps, 3);
+    AskMenu(steps, 3);
     steps.push_back(Press(IDOK));
     EXPECT_EQ(Show(steps), 1);
     EXPECT_EQ(Records(), XString(L" 0|"));
@@ -301,12 +262,7 @@ TEST_F(ListRename, HandlesAHundredThousandFiles) {
                         since("fill");
                         std::printf("longest wait while filling: %lu ms\n", longest);
                         EXPECT_LT(longest, 2000U);
-                        BYTE keys[256] = {};
-                        keys[VK_CONTROL] = 0x80;
-                        SetKeyboardState(keys);
-                        SendMessageW(List(), WM_KEYDOWN, 'A', 1);
-                        keys[VK_CONTROL] = 0;
-                        SetKeyboardState(keys);
+                        SelectAll();
                         EXPECT_EQ(ListView_GetSelectedCount(List()), 100000U);
                         since("select all");
                         SendMessageW(List(), WM_KEYDOWN, VK_SPACE, 1);
@@ -384,7 +340,7 @@ TEST_F(ListRename, FiftyShowingsLeaveNothingBehind) {
     Add(L"track01.IGNORE");
     const auto cycle = [&] {
         std::vector<Step> steps = {Key(VK_HOME), Key(VK_F2), IsEditing, Key(VK_ESCAPE), IsNotEditing};
-        ChooseFromMenu(steps, 1);
+        AskMenu(steps, 1);
         steps.push_back(Press(IDOK));
         Show(std::move(steps));
     };

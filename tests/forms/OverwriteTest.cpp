@@ -2,7 +2,7 @@
 #include "forms/review/frmOverwrite.h"
 
 #include "../support/HandleReach.h"
-#include "FormDriver.h"
+#include "ListForm.h"
 #include "forms/review/FileRows.h"
 #include "resources/ids.h"
 
@@ -10,9 +10,7 @@
 
 namespace {
 
-using Step = FormDriver::Step;
-
-class Overwrite : public testing::Test {
+class Overwrite : public ListForm<ID_OVERWRITE_LIST> {
 protected:
     void AddRow(const wchar_t* path) {
         clOverwriteItem* row = rows.AddNew();
@@ -27,40 +25,6 @@ protected:
         { const frmOverwrite form(result, nullptr, rows, L"MP3"); }
         EXPECT_TRUE(driver.IsDone()) << driver.StepsDone();
         return result;
-    }
-    static HWND Form() { return FindForm(ID_OVERWRITE_LIST); }
-    static HWND List() { return GetDlgItem(Form(), ID_OVERWRITE_LIST); }
-    static bool IsOpen() { return Form() && IsWindowVisible(List()) && GetFocus() == List(); }
-    static Step Press(int button) {
-        return [button] { return PostMessageW(GetDlgItem(Form(), button), BM_CLICK, 0, 0) != 0; };
-    }
-    static Step Key(WPARAM key) {
-        return [key] { return GetFocus() && PostMessageW(GetFocus(), WM_KEYDOWN, key, 1); };
-    }
-    static bool IsEditing() { return ListView_GetEditControl(List()) != nullptr; }
-    static bool IsNotEditing() { return !IsEditing(); }
-    static Step Type(const wchar_t* text) {
-        return [text] { return IsEditing() && SetWindowTextW(ListView_GetEditControl(List()), text); };
-    }
-    static bool IsChecked(int row) { return ListView_GetCheckState(List(), row) == 1; }
-    static XString Text(int row) {
-        wchar_t text[500] = L"";
-        ListView_GetItemText(List(), row, 0, text, 500);
-        return text;
-    }
-    static void AskMenu(std::vector<Step>& steps, int downs) {
-        steps.emplace_back([] {
-            return PostMessageW(List(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(List()),
-                                MAKELPARAM(-1, -1)) != 0;
-        });
-        steps.emplace_back([downs] {
-            if (!FindWindowW(L"#32768", nullptr))
-                return false;
-            for (int i = 0; i < downs; ++i)
-                PostMessageW(Form(), WM_KEYDOWN, VK_DOWN, 0);
-            return PostMessageW(Form(), WM_KEYDOWN, VK_RETURN, 0) != 0;
-        });
-        steps.emplace_back([] { return !FindWindowW(L"#32768", nullptr); });
     }
     XString Decisions() const {
         XString text;
@@ -98,8 +62,8 @@ TEST_F(Overwrite, EndsInThreeWays) {
         DWORD pressed = 0;
         EXPECT_EQ(Show({[] {
                             EXPECT_EQ(TextOf(Form()), XString(L"Zephtone: Confirm File Replace"));
-                            EXPECT_EQ(Text(0), XString(L"D:\\a.b\\1"));
-                            return Text(1) == L"D:\\2.x" && IsChecked(0) && IsChecked(1);
+                            EXPECT_EQ(Cell(0), XString(L"D:\\a.b\\1"));
+                            return Cell(1) == L"D:\\2.x" && IsChecked(0) && IsChecked(1);
                         },
                         [&] {
                             pressed = GetTickCount();
@@ -159,11 +123,11 @@ TEST_F(Overwrite, MenuChangesAllRows) {
     XString once;
     AskMenu(steps, 3);
     steps.emplace_back([&] {
-        once = Text(0);
-        return once.StartsWith(L"D:\\1 - ") && Text(1) == L"D:\\2" + once.From(5);
+        once = Cell(0);
+        return once.StartsWith(L"D:\\1 - ") && Cell(1) == L"D:\\2" + once.From(5);
     });
     AskMenu(steps, 3);
-    steps.emplace_back([&] { return Text(0).StartsWith(once + L" - "); });
+    steps.emplace_back([&] { return Cell(0).StartsWith(once + L" - "); });
     steps.push_back(Press(IDOK));
     EXPECT_EQ(Show(steps), 1);
     const XString suffix = UniqueSuffix(); // of about the same time, so of the same form
