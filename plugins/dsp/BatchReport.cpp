@@ -3,13 +3,13 @@
 #include "foundation/XKeyValueList.h"
 #include "foundation/XPath.h"
 #include "plugins/common/OutputFile.h"
-#include "plugins/dsp/BatchEndExports.h"
 #include "plugins/dsp/BatchReportPanel.h"
+#include "plugins/dsp/EffectExports.h"
 #include "plugins/dsp/ReportText.h"
 
 namespace {
 
-class clBatchReport : public BatchEndEffect {
+class clBatchReport : public EffectBase {
 public:
     bool EndBatch(const PluginParams& params);
 
@@ -43,4 +43,4 @@ bool clBatchReport::EndBatch(const PluginParams& params) {
 
 } // namespace
 
-ZT_BATCH_END_EXPORTS(clBatchReport)
+ZT_EFFECT_EXPORTS(clBatchReport)

@@ -7,3 +7,19 @@
 #define ID_FILE 120
 #define ID_BROWSE 121
 #define ID_PLAYLIST_ABSOLUTE 122
+
+#define ID_CPU_FIRST 130 // to 145, one per processor
+#define ID_CPU_FREE 146
+
+#define ID_CHANNELS 150
+
+#define ID_TRIM_AT 160
+#define ID_TRIM_THRESHOLD 161
+#define ID_TRIM_MINIMUM 162
+#define ID_TRIM_KEEP 163
+
+#define ID_FADE_IN 170
+#define ID_FADE_OUT 171
+#define ID_FADE_CURVE 172
+
+#define ID_DELETE_OTHER_LENGTH 180

@@ -4,7 +4,7 @@
 #include "foundation/XFileSystem.h"
 #include "foundation/XPath.h"
 #include "plugins/common/OutputFile.h"
-#include "plugins/dsp/BatchEndExports.h"
+#include "plugins/dsp/EffectExports.h"
 #include "plugins/dsp/PlaylistPanel.h"
 #include "plugins/dsp/PlaylistText.h"
 
@@ -12,7 +12,7 @@
 
 namespace {
 
-class clPlaylistWriter : public BatchEndEffect {
+class clPlaylistWriter : public EffectBase {
 public:
     bool EndBatch(const PluginParams& params);
 
@@ -95,4 +95,4 @@ bool clPlaylistWriter::EndBatch(const PluginParams& params) {
 
 } // namespace
 
-ZT_BATCH_END_EXPORTS(clPlaylistWriter)
+ZT_EFFECT_EXPORTS(clPlaylistWriter)

@@ -53,4 +53,45 @@ Playlist() {
     Fill "$deep" 'ellipse 105,124 21,17 0,360'
 }
 
+Channels() {
+    Box 10 40 60 120 8 'url(#paper)' "$edge"
+    Box 100 40 150 120 8 'url(#paper)' "$edge"
+    Line "$deep" $((n <= 20 ? 14 : 11)) "path 'M 30,62 L 130,62 M 108,40 L 132,62 L 108,84'"
+    Line '#C94842' $((n <= 20 ? 14 : 11)) "path 'M 130,104 L 30,104 M 52,82 L 28,104 L 52,126'"
+}
+
+DeleteSource() {
+    Box 20 10 110 130 0 'url(#paper)' "$edge"
+    local y
+    for y in 30 50 70; do
+        Bar 40 $y 90 $((y + 10)) "$mist"
+    done
+    Line white 34 'line 82,92 138,140' 'line 138,92 82,140'
+    Line '#C94842' 20 'line 82,92 138,140' 'line 138,92 82,140'
+}
+
+Fade() {
+    Shape 'url(#blue)' "$deep" $((w * 3 / 4)) "path 'M 10,136 C 60,134 44,28 80,28 C 116,28 100,134 150,136 Z'"
+}
+
+MultiCpu() {
+    local pin
+    for pin in 50 80 110; do
+        Bar $((pin - 5)) 10 $((pin + 5)) 150 "$mist"
+        Bar 10 $((pin - 5)) 150 $((pin + 5)) "$mist"
+    done
+    Box 30 30 130 130 10 'url(#slate)' "$ink"
+    Box 55 55 105 105 4 'url(#amber)' '#B98A35'
+}
+
+Trim() {
+    Line "$mist" $w 'line 8,80 152,80'
+    local x half
+    while read -r x half; do
+        Bar $x $((80 - half)) $((x + 10)) $((80 + half)) "$deep"
+    done <<< $'50 20\n70 50\n90 30\n110 20'
+    Bar 20 20 30 140 '#C94842'
+    Bar 140 20 150 140 '#C94842'
+}
+
 WriteIcon "$2" '16 20 24 32 48' "$1"
