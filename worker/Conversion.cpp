@@ -201,6 +201,12 @@ clStep Conversion::Convert() {
     step = Pass(effects.Count(), sink);
     if (step != stepGood)
         return step;
+    if (framesWritten == 0 && source.Position() > 0) {
+        // A file without audio would look like a success.
+        reporter.Error(XString(L"Error converting '") + command.inFile +
+                       L"': the effects leave no audio of it");
+        return stepFailed;
+    }
     bool isGood = BeginEncoder(); // a source without a frame is a file all the same
     if (isGood)
         EndEncoder(true, isGood);

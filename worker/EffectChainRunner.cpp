@@ -8,7 +8,7 @@
 
 namespace {
 
-// Tonemill itself reads this one, to choose the processors; it has no library.
+// Tonemill itself reads this one, to choose the processors; it has nothing to do here.
 constexpr wchar_t multiCpuForce[] = L"Multi-CPU Force";
 // An effect may hold a whole file and add a tail to it; what comes beyond is a fault without end.
 constexpr std::uint64_t longestTailSeconds = 3600;

@@ -1,6 +1,6 @@
 // An effect for the worker's tests. Settings: skip=1 (wants no audio), fail=1 (can't begin), gain=N
-// (multiplies), hold=1 (keeps all until the end), top=1 (learns the highest sample in a first pass and
-// subtracts it from every sample).
+// (multiplies), hold=1 (keeps all until the end), drop=1 (keeps all for good), top=1 (learns the highest
+// sample in a first pass and subtracts it from every sample).
 #include "contract/Plugin.h"
 #include "worker_numbers.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 struct FakeEffect {
     std::int64_t gain = 1;
-    bool holds = false, learns = false;
+    bool holds = false, drops = false, learns = false;
     std::uint32_t channels = 0;
     std::int32_t top = 0;
     std::vector<std::int32_t> samples;
@@ -52,6 +52,7 @@ FAKE_EXPORT std::int32_t DSP_BeginConversion(ZtInstance instance, DspBeginBlock*
     self = FakeEffect{};
     self.gain = NumberOf(block->settings, L"gain", 1);
     self.holds = NumberOf(block->settings, L"hold", 0) != 0;
+    self.drops = NumberOf(block->settings, L"drop", 0) != 0;
     self.learns = NumberOf(block->settings, L"top", 0) != 0;
     self.channels = block->format->channels;
     block->wantsNonLive = self.learns;
@@ -69,7 +70,7 @@ FAKE_EXPORT std::int32_t DSP_PassAudioBlock(ZtInstance instance, DspAudioBlock* 
     for (std::size_t i = 0; i < count; ++i)
         self.samples.push_back(static_cast<std::int32_t>(in[i] * self.gain) - self.top);
     block->output = self.samples.data();
-    block->outputFrames = self.holds ? 0 : block->inputFrames;
+    block->outputFrames = self.holds || self.drops ? 0 : block->inputFrames;
     return 1;
 }
 

@@ -76,6 +76,7 @@ constexpr FailureRow failureRows[] = {
     {tone, L"a.tone", L"", L" -dspeffect1=\"Nowhere=\"", L"the effect 'Nowhere' is not installed"},
     {tone, L"a.tone", L"", L" -dspeffect1=\"Fake=fail=1\"",
      L"'Fake' can't begin (the fake effect's own words)"},
+    {tone, L"a.tone", L"", L" -dspeffect1=\"Fake=drop=1\"", L"a.tone': the effects leave no audio"},
 };
 
 TEST(Worker, AFailureIsToldAndLeavesTheTargetAsItWas) {
