@@ -26,6 +26,10 @@ void ToUtf8(const XString& text, char* out, int size) {
         out[0] = 0;
 }
 
+constexpr wchar_t wrongChecksum[] =
+    L"The source is damaged: its audio does not match the MD5 checksum that it holds of it";
+constexpr int streamInfoBytes = 34; // of FLAC, the checksum last
+
 bool Is(const char* name, const char* wanted) {
     return std::strcmp(name, wanted) == 0;
 }
@@ -140,6 +144,13 @@ void AudioStream::LearnLength() {
         exactFrames = expectedFrames;
 }
 
+void AudioStream::LearnChecksum() {
+    const AVCodecParameters& parameters = *stream->codecpar;
+    if (current && parameters.codec_id == AV_CODEC_ID_FLAC && Is(container->iformat->name, "flac") &&
+        parameters.extradata_size >= streamInfoBytes)
+        checksum.Expect(parameters.extradata + streamInfoBytes - Md5::digestBytes, layout.bits, channels);
+}
+
 bool AudioStream::OpenWideFlac(AudioFormatRecord& record) {
     wideFlac = WideFlac::OpenIfWide(path);
     if (!wideFlac)
@@ -182,6 +193,7 @@ bool AudioStream::Open(const XString& source, AudioFormatRecord& record) {
         Fail(L"The source holds no audio");
         return false;
     }
+    LearnChecksum();
     Describe(record);
     return true;
 }
@@ -215,6 +227,7 @@ void AudioStream::Describe(AudioFormatRecord& record) const {
 }
 
 void AudioStream::Close() noexcept {
+    checksum.Stop();
     wideFlac.reset();
     swr_free(&resampler);
     av_frame_free(&adapted);
@@ -326,6 +339,7 @@ bool AudioStream::AdaptFrame() {
         return AdaptFrame();
     }
     current = adapted;
+    checksum.Stop();
     return converted >= 0;
 }
 
@@ -350,7 +364,7 @@ int AudioStream::DecodeWideFlac(void* samples, unsigned maxFrames) {
     if (done > 0)
         delivered += static_cast<unsigned>(done);
     else if (done < 0)
-        Fail(L"The source is damaged");
+        Fail(wideFlac->HasWrongChecksum() ? wrongChecksum : L"The source is damaged");
     else if (CheckEnd() == Step::damage)
         return -1;
     return done;
@@ -378,12 +392,24 @@ int AudioStream::Decode(void* samples, unsigned maxFrames) {
         if (exactFrames)
             count = std::min(count, exactFrames - delivered);
         ConvertSamples(*current, offset, static_cast<int>(count), layout, out);
+        checksum.Add(out, count);
         out += count * static_cast<unsigned>(channels) * 4;
         offset += static_cast<int>(count);
         done += static_cast<unsigned>(count);
         delivered += count;
     }
+    if (done == 0 && maxFrames > 0 && !checksum.IsRight()) {
+        Fail(wrongChecksum);
+        return -1;
+    }
     return static_cast<int>(done);
+}
+
+XString AudioStream::DamageText() const {
+    if (damaged == 0)
+        return XString();
+    return UnsignedText(damaged) + L" of " + UnsignedText(packets) +
+           L" pieces of the source are damaged or no audio, and were left out";
 }
 
 bool AudioStream::SeekTo(std::uint64_t target) {
@@ -391,6 +417,8 @@ bool AudioStream::SeekTo(std::uint64_t target) {
     const XString again = path;
     if (target < delivered && !Open(again, ignored))
         return false;
+    if (target != delivered)
+        checksum.Stop();
     while (delivered < target) {
         if (wideFlac) {
             std::int32_t dropped[64 * 8]; // FLAC has eight channels at most

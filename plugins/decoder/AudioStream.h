@@ -4,6 +4,7 @@
 
 #include "contract/Plugin.h"
 #include "foundation/XString.h"
+#include "plugins/decoder/AudioChecksum.h"
 #include "plugins/decoder/FileInput.h"
 #include "plugins/decoder/Samples.h"
 #include "plugins/decoder/WideFlac.h"
@@ -33,6 +34,8 @@ public:
     [[nodiscard]] bool SeekTo(std::uint64_t frame);
 
     [[nodiscard]] const XString& Error() const noexcept { return error; }
+    // What was passed over so far; empty if nothing was.
+    [[nodiscard]] XString DamageText() const;
     [[nodiscard]] AVFormatContext* Container() const noexcept { return container; } // borrowed
     [[nodiscard]] AVStream* Stream() const noexcept { return stream; }              // borrowed
 
@@ -42,6 +45,7 @@ private:
     [[nodiscard]] bool OpenContainer();
     [[nodiscard]] bool OpenCodec();
     void LearnLength();
+    void LearnChecksum();
     [[nodiscard]] bool OpenWideFlac(AudioFormatRecord& record);
     [[nodiscard]] int DecodeWideFlac(void* samples, unsigned maxFrames);
     [[nodiscard]] Step NextFrame();
@@ -69,6 +73,7 @@ private:
     int frequency = 0;
     int channels = 0;
     SampleLayout layout;
+    AudioChecksum checksum;
     std::unique_ptr<WideFlac> wideFlac; // decodes in place of the codec
     bool lossless = false;
     bool flushed = false;

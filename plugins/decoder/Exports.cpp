@@ -24,6 +24,7 @@ public:
 
     AudioStream stream;
     XString error;
+    XString information; // the answer to the last question for it
 
 private:
     XTagList tags;
@@ -87,6 +88,11 @@ std::int32_t Decoder::Get(const wchar_t* key, PluginParams& parameters) {
     if (name == ZtKey::decoderDescription) {
         parameters.text1 = description;
         return 1;
+    }
+    if (name == ZtKey::information) {
+        information = stream.DamageText();
+        parameters.text1 = information;
+        return information.IsEmpty() ? 0 : 1;
     }
     if (name == ZtKey::lastError && !error.IsEmpty()) {
         parameters.text1 = error;

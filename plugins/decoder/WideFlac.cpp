@@ -98,7 +98,9 @@ int WideFlac::Decode(std::int32_t* out, unsigned maxFrames) {
         done += count;
     }
     const bool atEnd = done < wanted && !damaged;
-    if (damaged || (atEnd && done == 0 && !FLAC__stream_decoder_finish(flac)))
+    if (atEnd && done == 0 && !FLAC__stream_decoder_finish(flac))
+        wrongChecksum = true;
+    if (damaged || wrongChecksum)
         return -1;
     return static_cast<int>(done / info.channels);
 }

@@ -27,6 +27,7 @@ public:
     [[nodiscard]] const Info& Format() const noexcept { return info; }
     // Up to maxFrames interleaved frames; 0 at the end, -1 on damage (a wrong checksum, too).
     [[nodiscard]] int Decode(std::int32_t* out, unsigned maxFrames);
+    [[nodiscard]] bool HasWrongChecksum() const noexcept { return wrongChecksum; } // of the whole audio
 
 private:
     struct Callbacks; // libFLAC's types stay in the source file
@@ -38,4 +39,5 @@ private:
     std::vector<std::int32_t> pending; // interleaved samples of the last block
     std::size_t taken = 0;             // samples of `pending` already handed out
     bool damaged = false;
+    bool wrongChecksum = false;
 };
