@@ -26,3 +26,9 @@
 #define ID_MP3_RATE_LABEL 147
 #define ID_MP3_RATE 148
 #define ID_MP3_MODE 149
+
+// ALAC
+#define ID_ALAC_FORMAT 170
+
+// Test Conversion
+#define ID_TEST_CHECKSUM 160

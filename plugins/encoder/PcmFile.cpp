@@ -52,8 +52,9 @@ bool PcmFileEncoder::Begin(const EncoderBeginBlock& block) {
     headerBytes = header.size();
     // What is too large for certain is refused before it fills the disk.
     const bool isExact = (block.format->flags & ztFormatExactLength) != 0;
-    if (isExact &&
-        !FitsTheFormat(format.frameCount / format.frequency * layout.frequency * layout.FrameBytes()))
+    const std::uint64_t frames = format.frameCount / format.frequency * layout.frequency +
+                                 format.frameCount % format.frequency * layout.frequency / format.frequency;
+    if (isExact && !FitsTheFormat(frames * layout.FrameBytes()))
         return false;
     return (file.Create(block.outputPath) && file.Write(header.data(), headerBytes)) || FileFailed();
 }

@@ -15,6 +15,30 @@ Wave() {
         "path 'M 32,80 C 40,30 52,30 62,62 L 78,104 C 90,140 98,118 104,92 C 110,68 120,62 128,80'"
 }
 
+# A staircase up to the largest numbers, first byte first.
+Aiff() {
+    Tile slate '#54677B'
+    local x width top
+    while read -r x width top; do
+        Bar $x $top $((x + width)) 130 white
+    done <<< $'30 20 110\n55 20 85\n80 20 60\n105 25 35'
+}
+
+# The wave, twice as wide.
+Wave64() {
+    Tile blue "$deep"
+    Line white $((n <= 20 ? 13 : 10)) \
+        "path 'M 26,64 C 32,34 44,34 52,64 C 60,94 72,94 80,64 C 88,34 100,34 108,64 C 116,94 128,94 134,64'" \
+        "path 'M 26,108 C 32,78 44,78 52,108 C 60,138 72,138 80,108 C 88,78 100,78 108,108 C 116,138 128,138 134,108'"
+}
+
+# A glass over a tick.
+TestConversion() {
+    Tile amber '#B98A35'
+    Line white $((n <= 20 ? 16 : 13)) 'ellipse 70,70 38,38 0,360' 'line 98,98 132,132'
+    Line white $((n <= 20 ? 13 : 10)) "path 'M 54,70 L 66,84 L 88,56'"
+}
+
 # Bars, closely packed.
 Flac() {
     Tile teal '#2B7068'
@@ -22,6 +46,14 @@ Flac() {
     while read -r x width top; do
         Bar $x $top $((x + width)) $((160 - top)) white
     done <<< $'30 10 65\n50 10 45\n70 20 30\n100 10 50\n120 10 65'
+}
+
+# A bar that comes out as long as it went in.
+Alac() {
+    Tile grey '#9A9A9A'
+    Bar 25 60 135 100 "$deep"
+    Line "$deep" $((n <= 20 ? 13 : 10)) 'line 80,20 80,46' 'line 80,114 80,140' "path 'M 66,34 L 80,48 L 94,34'" \
+        "path 'M 66,126 L 80,112 L 94,126'"
 }
 
 Mp3() {
