@@ -2,7 +2,9 @@
 
 #include "contract/Keys.h"
 #include "contract/Worker.h"
+#include "foundation/XPath.h"
 #include "host/CodecHandler.h"
+#include "host/DecoderFilter.h"
 #include "worker/AudioText.h"
 #include "worker/ForcedEnd.h"
 #include "worker/LengthCheck.h"
@@ -51,7 +53,8 @@ private:
 
 Conversion::Conversion(const clWorkerCommand& command, Reporter& reporter, Lifeline& lifeline)
     : command(command), reporter(reporter), lifeline(lifeline), source(reporter), effects(command, reporter),
-      target(command.outFile, reporter) {
+      target(command.outFile, reporter),
+      leavesNoFile(ExtensionOf(command.outFile).EqualsNoCase(ignoredExtensionMark)) {
     SetForcedEndTarget(&target);
 }
 
@@ -84,12 +87,12 @@ bool Conversion::LoadEncoder() {
 bool Conversion::BeginEncoder() {
     if (isEncoding)
         return true;
-    if (!target.Prepare())
+    if (!leavesNoFile && !target.Prepare())
         return false;
     EncoderBeginBlock block{};
     block.size = sizeof(block);
     block.batchId = command.batchId;
-    block.outputPath = target.Temporary();
+    block.outputPath = leavesNoFile ? command.outFile : target.Temporary();
     block.sourcePath = command.inFile;
     block.settings = command.settings;
     block.format = &effects.format;
@@ -111,6 +114,16 @@ void Conversion::EndEncoder(bool completed, bool& isGood) {
     isEncoding = false;
     if (completed && !isGood)
         target.Error(XString(L"the encoder can't complete the file") + EncoderError());
+    else if (completed)
+        ReportInformation();
+}
+
+// What decoder and encoder have to say of a file that went through whole.
+void Conversion::ReportInformation() {
+    source.ReportInformation();
+    PluginParams params{};
+    if (encoder.AskGet(ZtKey::information, params) != 0 && params.text1)
+        reporter.InformationLines(params.text1);
 }
 
 void Conversion::ReportProgress() {
@@ -173,6 +186,8 @@ clStep Conversion::CheckAndCommit() {
     // Their handles of source and output must be gone before files change names.
     encoder.Unload();
     source.Close();
+    if (leavesNoFile)
+        return stepGood;
     reporter.Message(ZtWorker::keyAction, actionChecking);
     XString fault;
     const clStep step =

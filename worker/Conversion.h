@@ -21,6 +21,7 @@ private:
     [[nodiscard]] bool LoadEncoder();
     [[nodiscard]] bool BeginEncoder();
     void EndEncoder(bool completed, bool& isGood);
+    void ReportInformation();
     [[nodiscard]] XString EncoderError() const; // in brackets behind a blank; or empty
 
     // The source through the first `count` effects into the sink, to the last frame.
@@ -40,6 +41,7 @@ private:
     SourceReader source;
     EffectChainRunner effects;
     TargetFile target;
+    const bool leavesNoFile; // the encoder's own affair what becomes of the audio
     clZtEncoder encoder;
     bool isEncoding = false;
     std::uint64_t framesWritten = 0;

@@ -1,6 +1,7 @@
 #include "worker/Reporter.h"
 
 #include "contract/Worker.h"
+#include "foundation/XArray.h"
 
 Reporter::Reporter() noexcept
     : output(GetStdHandle(STD_OUTPUT_HANDLE)), errors(GetStdHandle(STD_ERROR_HANDLE)) {}
@@ -29,6 +30,14 @@ void Reporter::Message(const wchar_t* key, const XString& value) {
 
 void Reporter::Information(const XString& text) {
     WriteLine(output, text);
+}
+
+void Reporter::InformationLines(const XString& text) {
+    XStringArray lines;
+    Split(lines, text, L"\n");
+    for (const XString& line : lines)
+        if (!line.IsEmpty())
+            Information(line);
 }
 
 void Reporter::Error(const XString& text) {

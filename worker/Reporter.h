@@ -14,8 +14,9 @@ public:
 
     void Message(const wchar_t* key, const XString& value);
     void Information(const XString& text);
-    void Error(const XString& text); // what failed, and on which file
-    void Percent(int percent);       // sent when it is above the last one
+    void InformationLines(const XString& text); // one line per LF; empty ones are left out
+    void Error(const XString& text);            // what failed, and on which file
+    void Percent(int percent);                  // sent when it is above the last one
 
 private:
     void WriteLine(HANDLE handle, const XString& text);

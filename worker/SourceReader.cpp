@@ -127,6 +127,12 @@ bool SourceReader::IsEndSound() {
     return true;
 }
 
+void SourceReader::ReportInformation() {
+    PluginParams params{};
+    if (decoder.AskGet(ZtKey::information, params) != 0 && params.text1)
+        reporter.InformationLines(params.text1);
+}
+
 void SourceReader::Close() {
     decoder.Unload();
 }

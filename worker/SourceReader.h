@@ -19,7 +19,8 @@ public:
     [[nodiscard]] std::int32_t Read();
     [[nodiscard]] const void* Frames() const noexcept { return frames.data; }
     [[nodiscard]] std::uint64_t Position() const noexcept { return position; } // frames since the start
-    void Close(); // the file is free afterwards; format and images stay
+    void ReportInformation(); // what the decoder has to say of the file, once it was read to its end
+    void Close();             // the file is free afterwards; format and images stay
 
     AudioFormatRecord format{};
     XBuffer tags; // images, empty if there are none

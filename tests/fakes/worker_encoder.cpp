@@ -1,6 +1,7 @@
 // An encoder for the worker's tests: writes .fake files. Settings: failat= and crashat= and abortat= and
 // exitat= (frames), lose= (frames that it drops without a word), slow= (ms per block), wrong=1 (settings
-// that are refused), saytmp=1 (fails with the temporary folder as its words).
+// that are refused), saytmp=1 (fails with the temporary folder as its words), nofile=1 (writes into the
+// void and says two lines of what it heard).
 #include "contract/Plugin.h"
 #include "worker_numbers.h"
 
@@ -17,6 +18,7 @@ struct FakeEncoder {
     std::uint32_t channels = 0;
     std::int64_t position = 0, failAt = -1, crashAt = -1, abortAt = -1, exitAt = -1, lose = 0;
     DWORD slowMs = 0;
+    bool hasFile = true;
     wchar_t words[MAX_PATH + 1] = L"the fake encoder's own words";
 };
 
@@ -40,6 +42,12 @@ FAKE_EXPORT void ENC_Destroy(ZtInstance instance) {
 
 FAKE_EXPORT std::int32_t ENC_Get(ZtInstance instance, const wchar_t* key, PluginParams* params) {
     if (std::wcscmp(key, L"Last Error") == 0) {
+        params->text1 = Of(instance).words;
+        return 1;
+    }
+    if (std::wcscmp(key, L"Information") == 0 && !Of(instance).hasFile) {
+        std::swprintf(Of(instance).words, MAX_PATH, L"heard %lld frames\n\nand no more",
+                      static_cast<long long>(Of(instance).position));
         params->text1 = Of(instance).words;
         return 1;
     }
@@ -76,7 +84,8 @@ FAKE_EXPORT std::int32_t ENC_BeginConversion(ZtInstance instance, const EncoderB
         GetTempPathW(MAX_PATH, self.words);
         return 0;
     }
-    self.file = _wfopen(block->outputPath, L"wb");
+    self.hasFile = NumberOf(block->settings, L"nofile", 0) == 0;
+    self.file = _wfopen(self.hasFile ? block->outputPath : L"NUL", L"wb");
     FakeHead head;
     head.channels = self.channels;
     head.frequency = block->format->frequency;

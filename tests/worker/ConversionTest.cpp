@@ -175,6 +175,21 @@ TEST(Worker, AnInexactAnnouncementIsNoFailure) {
     EXPECT_TRUE(worker.Said(L"seemed to be 0:04.535 long and is 0:01.134"));
 }
 
+TEST(Worker, AnEncoderWithoutFilesLeavesNoneAndIsHeard) {
+    ScratchFolder folder;
+    WorkerProcess worker(folder);
+    const XString source = folder.Write(L"a.tone", tone);
+    worker.Start(source, folder.File(L"new\\a.ignore"), L"nofile=1");
+    EXPECT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
+    EXPECT_EQ(folder.EntryCount(), 1);
+    EXPECT_TRUE(worker.Said(L"heard 50000 frames"));
+    EXPECT_TRUE(worker.Said(L"and no more"));
+    WorkerProcess failing(folder);
+    failing.Start(source, folder.File(L"a.ignore"), L"nofile=1 failat=20000");
+    EXPECT_EQ(failing.Wait(), 1);
+    EXPECT_FALSE(failing.Said(L"heard"));
+}
+
 TEST(Worker, MalformedCommandFiles) {
     for (const wchar_t* text : {L"", L"garbage", L" -infile=\"a\" -outfile=\"b\"",
                                 L" -infile=\"a\" -outfile=\"b\" -convert_to=\"Fake\" -evtquit=\"tm-no-event\""
