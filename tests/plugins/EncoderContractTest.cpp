@@ -12,10 +12,14 @@ struct EncoderRow {
     const wchar_t* extension;
     const wchar_t* goodSettings;
     const wchar_t* badSettings;
+    bool hasFile = true;
 };
 
 constexpr EncoderRow encoders[] = {
     {L"Wave", L".wav", L"-format=\"24\" -rate=\"source\"", L"-format=\"20\""},
+    {L"AIFF", L".aiff", L"-channels=\"1\"", L"-channels=\"9\""},
+    {L"Wave64", L".w64", L"-format=\"float\"", L"-level=\"8\""},
+    {L"Test Conversion", L".IGNORE", L"-checksum=\"md5\"", L"-checksum=\"sha\"", false},
 #ifdef TM_HAS_CODECS
     {L"FLAC", L".flac", L"-level=\"8\" -verify", L"-level=\"9\""},
     {L"mp3 (Lame)", L".mp3", L"-abr=\"160\" -mode=\"joint\"", L"-vbr=\"2\" -cbr=\"128\""},
@@ -63,6 +67,8 @@ TEST(EncoderContract, PanelsGiveBackTheirSettings) {
 // The guess that users see before converting comes near what they get (loosely: signals differ).
 TEST(EncoderContract, EstimatesTheSize) {
     for (const EncoderRow& row : encoders) {
+        if (!row.hasFile)
+            continue;
         SCOPED_TRACE(testing::PrintToString(XString(row.name)));
         EncoderDriver encoder(row.name);
         AudioFormatRecord format = IntegerFormat(2, 16, 44100);
@@ -81,6 +87,8 @@ TEST(EncoderContract, EstimatesTheSize) {
 
 TEST(EncoderContract, FailuresNameTheFile) {
     for (const EncoderRow& row : encoders) {
+        if (!row.hasFile)
+            continue;
         SCOPED_TRACE(testing::PrintToString(XString(row.name)));
         EncoderDriver encoder(row.name);
         const AudioFormatRecord format = IntegerFormat(2, 16, 44100);
@@ -99,6 +107,8 @@ TEST(EncoderContract, FailuresNameTheFile) {
 // A cancelled file is closed: the worker can delete it at once, and the instance goes on.
 TEST(EncoderContract, CancelledFilesAreClosed) {
     for (const EncoderRow& row : encoders) {
+        if (!row.hasFile)
+            continue;
         SCOPED_TRACE(testing::PrintToString(XString(row.name)));
         EncoderDriver encoder(row.name);
         const AudioFormatRecord format = IntegerFormat(2, 16, 44100);

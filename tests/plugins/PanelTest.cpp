@@ -12,6 +12,9 @@
 namespace {
 
 constexpr wchar_t wave[] = L"encoder\\Wave";
+constexpr wchar_t aiff[] = L"encoder\\AIFF";
+constexpr wchar_t wave64[] = L"encoder\\Wave64";
+constexpr wchar_t test[] = L"encoder\\Test Conversion";
 constexpr wchar_t report[] = L"DSPs\\Batch Report";
 constexpr wchar_t playlist[] = L"DSPs\\Playlist Writer";
 constexpr wchar_t processors[] = L"DSPs\\Multi-CPU Force";
@@ -22,10 +25,11 @@ constexpr wchar_t removal[] = L"DSPs\\Delete Source File";
 #ifdef TM_HAS_CODECS
 constexpr wchar_t flac[] = L"encoder\\FLAC";
 constexpr wchar_t mp3[] = L"encoder\\mp3 (Lame)";
-constexpr const wchar_t* libraries[] = {wave,       flac,     mp3,  report, playlist,
-                                        processors, channels, trim, fade,   removal};
+constexpr const wchar_t* libraries[] = {wave,     aiff,       wave64,   test, flac, mp3,    report,
+                                        playlist, processors, channels, trim, fade, removal};
 #else
-constexpr const wchar_t* libraries[] = {wave, report, playlist, processors, channels, trim, fade, removal};
+constexpr const wchar_t* libraries[] = {wave,       aiff,     wave64, test, report, playlist,
+                                        processors, channels, trim,   fade, removal};
 #endif
 
 // Labels, boxes and buttons whose text is larger than they are. Two pixels of a line may be missing
@@ -73,6 +77,11 @@ constexpr PassRow passRows[] = {
     {wave, L"-format=\"64\" -rate=\"fast\" -channels=\"-1\"", L"-channels=\"1\""},
     {wave, L"-format=\"32\" -dither=\"on\"", nullptr, true},
     {wave, L"rubbish \" = \"\"", L""},
+    {aiff, L"-format=\"24\""},
+    {wave64, L"-channels=\"5\""},
+    {test, L""},
+    {test, L"-checksum=\"MD5\""},
+    {test, L"-checksum=\"sha\"", L""},
     {report, L""},
     {report, L"-file=\"C:\\Musik \x00E4\x4E2D\\{qt} & report.txt\" -other"},
     {report, L"-file=\"two\r\nlines\tand more\""},

@@ -1,0 +1,90 @@
+// What encoders tell the information log: results of tests, and what a target can't hold.
+#include "EncoderDriver.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+XString InformationOf(EncoderDriver& encoder) {
+    PluginParams params{};
+    return encoder.get(encoder.instance, L"Information", &params) ? XString(params.text1) : XString();
+}
+
+struct InformationRow {
+    const wchar_t* encoder;
+    const wchar_t* settings;
+    AudioFormatRecord format;
+    const wchar_t* tag; // its name
+    const wchar_t* expected;
+};
+
+TEST(EncoderInformation, NamesWhatIsLost) {
+    const InformationRow rows[] = {
+        {L"Wave", L"", IntegerFormat(8, 24, 192000), L"lyrics", L""},
+        {L"Wave", L"-format=\"16\"", FloatFormat(1, 48000), L"title",
+         L"1 sample above full scale was clipped"},
+        {L"AIFF", L"", FloatFormat(1, 48000), L"own key", L""},
+        {L"Wave64", L"", FloatFormat(1, 48000), L"album artist",
+         L"Wave64 can't hold these tags of the source: album artist"},
+#ifdef TM_HAS_CODECS
+        {L"FLAC", L"", FloatFormat(1, 48000), L"b=d",
+         L"FLAC can't hold these tags of the source: b=d\n"
+         L"FLAC can't hold floating point samples: they were rounded to 24 bit\n"
+         L"1 sample above full scale was clipped"},
+        {L"FLAC", L"", IntegerFormat(2, 24, 96000), L"own key", L""},
+        {L"mp3 (Lame)", L"", IntegerFormat(6, 24, 96000), L"own key",
+         L"mp3 can't hold 6 channels: they were mixed down to 2\n"
+         L"mp3 can't hold 96000 Hz: the audio was brought to 48000 Hz"},
+        {L"mp3 (Lame)", L"", IntegerFormat(2, 24, 44100), L"lyrics", L""},
+#endif
+    };
+    for (const InformationRow& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(XString(row.encoder)));
+        EncoderDriver encoder(row.encoder);
+        ASSERT_NE(encoder.instance, nullptr);
+        XTagList tags;
+        tags.Add(row.tag, L"x");
+        std::vector<std::int32_t> samples = TestSignal(row.format, 100);
+        if (row.format.sampleKind == ztSampleFloat) {
+            samples[3] = 0x3FC00000; // 1.5
+            samples[4] = 0x3F800000; // full scale
+        }
+        ASSERT_TRUE(encoder.Convert(row.format, samples, row.settings, &tags));
+        EXPECT_EQ(InformationOf(encoder), XString(row.expected));
+    }
+}
+
+struct TestRow {
+    AudioFormatRecord format;
+    std::vector<std::int32_t> samples;
+    const wchar_t* settings;
+    const wchar_t* expected;
+};
+
+TEST(TestConversion, TellsLengthAndChecksums) {
+    const TestRow rows[] = {
+        // "123456789" and "abc" as samples: the known checksums of these texts
+        {IntegerFormat(1, 24, 8000),
+         {0x333231, 0x363534, 0x393837},
+         L"",
+         L"Tested, and found sound: 3 samples (0.000 s), 8000 Hz, 1 channel, 24 bit, CRC-32 cbf43926, "
+         L"MD5 25f9e794323b453885f5181f1b624d0b"},
+        {IntegerFormat(3, 8, 1),
+         {'a', 'b', 'c'},
+         L"-checksum=\"md5\"",
+         L"Tested, and found sound: 1 samples (1.000 s), 1 Hz, 3 channels, 8 bit, "
+         L"MD5 900150983cd24fb0d6963f7d28e17f72"},
+        {FloatFormat(2, 44100), std::vector<std::int32_t>(88200), L"-checksum=\"none\"",
+         L"Tested, and found sound: 44100 samples (1.000 s), 44100 Hz, 2 channels, 32 bit floating point"},
+    };
+    for (const TestRow& row : rows) {
+        EncoderDriver encoder(L"Test Conversion");
+        ASSERT_NE(encoder.instance, nullptr);
+        DeleteFileW(encoder.outputPath);
+        EXPECT_FALSE(encoder.Convert(row.format, row.samples, row.settings)); // there is nothing to read
+        EXPECT_EQ(GetFileAttributesW(encoder.outputPath), INVALID_FILE_ATTRIBUTES);
+        EXPECT_EQ(InformationOf(encoder), XString(row.expected));
+    }
+}
+
+} // namespace
