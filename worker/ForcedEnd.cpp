@@ -10,6 +10,7 @@ constexpr DWORD hangGraceMs = 2000;  // for a loop that is in the middle of a bl
 constexpr DWORD cleanGraceMs = 2000; // the lock that cleaning needs may be held by a dead thread
 constexpr ULONG filterStack = 64 * 1024;
 constexpr std::uintptr_t highestHandle = 0x10000;
+constexpr int longestGap = 512; // handles are given out densely: behind so many free ones there are none
 
 std::atomic<TargetFile*> endTarget{nullptr};
 std::atomic<bool> isEnding{false};
@@ -34,9 +35,13 @@ void CloseHandlesOf(const XString& path) {
             return;
     }
     const HANDLE standard[] = {GetStdHandle(STD_OUTPUT_HANDLE), GetStdHandle(STD_ERROR_HANDLE)};
-    for (std::uintptr_t value = 4; value < highestHandle; value += 4) {
+    int gap = 0;
+    for (std::uintptr_t value = 4; value < highestHandle && gap < longestGap; value += 4) {
         const auto handle = reinterpret_cast<HANDLE>(value);
-        if (handle == standard[0] || handle == standard[1] || GetFileType(handle) != FILE_TYPE_DISK)
+        SetLastError(NO_ERROR);
+        const DWORD type = GetFileType(handle);
+        gap = type == FILE_TYPE_UNKNOWN && GetLastError() == ERROR_INVALID_HANDLE ? gap + 1 : 0;
+        if (handle == standard[0] || handle == standard[1] || type != FILE_TYPE_DISK)
             continue;
         BY_HANDLE_FILE_INFORMATION found{};
         if (GetFileInformationByHandle(handle, &found) && IsSameFile(found, wanted))

@@ -59,7 +59,7 @@ Search WaitFor(const wchar_t* childText, bool converting) {
 } // namespace
 
 int main() {
-    const Search form = WaitFor(L"Cancel", true);
+    const Search form = WaitFor(L"&Cancel", true);
     if (!form.window)
         return 1;
     PostMessageW(form.child, BM_CLICK, 0, 0);

@@ -243,9 +243,7 @@ TEST_F(Converting, LeavesNoHandlesBehind) {
     for (int i = 0; i < 50; ++i)
         const frmConverting form(files, seams);
     const HandleReach after;
-    EXPECT_LE(after.gdi, before.gdi);
-    EXPECT_LE(after.user, before.user);
-    EXPECT_LE(after.kernel, before.kernel);
+    ExpectNothingLeft(before, after, 50);
 }
 
 TEST_F(Converting, CancelAsksFirst) {

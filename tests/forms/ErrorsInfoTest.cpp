@@ -355,7 +355,5 @@ TEST_F(ErrorsInfo, FiftyShowingsLeaveNothingBehind) {
     for (int i = 0; i < 50; ++i)
         cycle();
     const HandleReach after;
-    EXPECT_LE(after.gdi, before.gdi);
-    EXPECT_LE(after.user, before.user);
-    EXPECT_LE(after.kernel, before.kernel);
+    ExpectNothingLeft(before, after, 50);
 }

@@ -157,9 +157,7 @@ TEST(NamingDialog, FiftyShowingsLeaveNothingBehind) {
     for (int i = 0; i < 50; ++i)
         showOnce();
     const HandleReach after;
-    EXPECT_LE(after.gdi, before.gdi);
-    EXPECT_LE(after.user, before.user);
-    EXPECT_LE(after.kernel, before.kernel);
+    ExpectNothingLeft(before, after, 50);
 }
 
 } // namespace

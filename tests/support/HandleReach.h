@@ -3,12 +3,15 @@
 
 #include "foundation/XHandles.h"
 
+#include <gtest/gtest.h>
+
 #include <vector>
 
 // How far the process's handles reach. Wine counts none for us (it answers 0) but gives a new object
 // a free slot before it takes a new one, so that there the slots of fresh ones tell as much as a count.
 struct HandleReach {
     HandleReach() {
+        isCounted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS) != 0;
         gdi = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
         user = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
         GetProcessHandleCount(GetCurrentProcess(), &kernel);

@@ -267,8 +267,6 @@ TEST_F(XButtonTest, FormsWithButtonsAndTipsLeakNothing) {
     for (int i = 0; i < 50; ++i)
         run();
     const HandleReach after;
-    EXPECT_EQ(after.gdi, before.gdi);
-    EXPECT_EQ(after.user, before.user);
-    EXPECT_EQ(after.kernel, before.kernel);
+    ExpectNothingLeft(before, after, 50);
 }
 } // namespace

@@ -246,8 +246,7 @@ TEST(XOwnerMenu, KeepsNothingAfterManyLoads) {
     for (int i = 0; i < 50; ++i)
         use();
     const HandleReach after;
-    EXPECT_EQ(after.gdi, before.gdi);
-    EXPECT_EQ(after.user, before.user);
+    ExpectNothingLeft(before, after, 50);
 }
 
 TEST(GreyIcon, LightensAllButBlackAndKeepsTransparency) {

@@ -155,8 +155,6 @@ TEST(XToolTip, LastTipEndsTheThreadAndLeavesNothing) {
     const HandleReach before = reach(5);
     const HandleReach after = reach(10);
     EXPECT_FALSE(XTipThread::IsRunning());
-    EXPECT_LE(after.gdi, before.gdi);
-    EXPECT_LE(after.user, before.user);
-    EXPECT_LE(after.kernel, before.kernel);
+    ExpectNothingLeft(before, after, 10);
 }
 } // namespace

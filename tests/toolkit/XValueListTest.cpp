@@ -242,8 +242,7 @@ TEST_F(XValueListTest, ReleasesWhatItsRowsHold) {
     for (int round = 0; round < 50; ++round)
         fill(round % 10);
     const HandleReach after;
-    EXPECT_EQ(after.gdi, before.gdi);
-    EXPECT_EQ(after.user, before.user);
+    ExpectNothingLeft(before, after, 50);
 }
 
 TEST_F(XValueListTest, TakesThousandsOfRowsAtAnEvenPace) {

@@ -186,9 +186,7 @@ TEST(XWindow, ManyWindowsLeaveNothingBehind) {
     for (int i = 0; i < 200; ++i)
         cycle();
     const HandleReach after;
-    EXPECT_LE(after.gdi, before.gdi + 5);
-    EXPECT_LE(after.user, before.user + 5);
-    EXPECT_LE(after.kernel, before.kernel + 5);
+    ExpectNothingLeft(before, after, 200);
     EXPECT_EQ(Toolkit().LiveWindows.count, 0);
     for (std::uint32_t n = firstClass; n < Toolkit().WindowClassCounter; ++n)
         EXPECT_FALSE(IsClass(XString(L"XWnd") + UnsignedText(n)));
