@@ -1,7 +1,5 @@
 #include "plugins/dsp/NumberPanel.h"
 
-#include <commctrl.h>
-
 namespace {
 constexpr WPARAM mostDigits = 5;
 }

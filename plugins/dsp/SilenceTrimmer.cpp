@@ -79,7 +79,7 @@ void SilenceTrimmer::TakeSilence(const std::uint32_t* from, std::uint64_t frames
     run += frames;
     if (!heardSound && cutsStart) {
         Hold(from, frames);
-        if (IsLong() && run > keep + slackFrames)
+        if (IsLong() && held.size() > (keep + slackFrames) * static_cast<std::uint64_t>(source.channels))
             DropHeldBut(keep);
         return;
     }
