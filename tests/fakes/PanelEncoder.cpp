@@ -32,11 +32,7 @@ bool Is(const wchar_t* key, const wchar_t* other) {
 FAKE_EXPORT ZtInstance ENC_Create(PluginCreateBlock*) {
     return &panel;
 }
-FAKE_EXPORT void ENC_Destroy(ZtInstance) {
-    if (panel)
-        DestroyWindow(panel);
-    panel = nullptr;
-}
+FAKE_EXPORT void ENC_Destroy(ZtInstance) {} // the host has removed the panel
 FAKE_EXPORT std::int32_t ENC_Get(ZtInstance, const wchar_t* key, PluginParams* params) {
     if (Is(key, ZtKey::extension))
         params->text1 = L".fke";

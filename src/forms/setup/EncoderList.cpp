@@ -211,7 +211,7 @@ void frmConvertToOpt::_CmbEncoders::CreateProfile(int current) {
     Select(static_cast<int>(Rows.Count()) - 1);
 }
 
-// Without a current item the profile that is gone is not saved, and so not made again.
+// Saving the panel would make the profile again.
 void frmConvertToOpt::_CmbEncoders::DeleteProfile(int current) {
     if (!IsProfileRow(Items[current])) {
         Select(current);
@@ -221,5 +221,5 @@ void frmConvertToOpt::_CmbEncoders::DeleteProfile(int current) {
     RemoveRow(current);
     Items.DeleteAt(current);
     Select(0);
-    form.CurrentItem.Clear();
+    form.CloseEncoderPanel(false);
 }
