@@ -34,10 +34,11 @@ void frmConvertToOpt::OpenPanel(const XString& item) {
     CurrentItem = item;
     // New windows stand last; Tab is to lead from the list into the panel.
     HWND before = EncoderList.Combo;
-    while (const HWND made = GetWindow(last, GW_HWNDNEXT)) {
-        if (!SetWindowPos(made, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE))
-            break; // it would stay the next one
-        before = made;
+    for (HWND made = GetWindow(last, GW_HWNDNEXT); made;) {
+        const HWND next = GetWindow(made, GW_HWNDNEXT);
+        if (SetWindowPos(made, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE))
+            before = made;
+        made = next;
     }
 }
 
