@@ -1,7 +1,6 @@
 // The walk through dropped folders. Its stack lies on the heap: folders may be nested without end.
 #include "host/DroppedFiles.h"
 
-#include "foundation/XFileSystem.h"
 #include "foundation/XFindFile.h"
 #include "foundation/XPath.h"
 #include "host/DecoderCatalogue.h"
@@ -92,8 +91,8 @@ std::int64_t AddDroppedFiles(clFileList& files, const XStringArray& dropped, con
     ExtensionTest test(extensions);
     XStringArray found;
     for (const XString& path : dropped) {
-        bool isFolder = false;
-        if (PathExists(path, &isFolder) && isFolder)
+        const DWORD attributes = GetFileAttributesW(LongPath(path, longFolderLimit));
+        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY))
             WalkFolder(path, test, found);
         else if (test.Passes(path))
             found.AddString(path);

@@ -7,6 +7,8 @@
 #include <shlobj.h>
 
 #include <cstring>
+#include <initializer_list>
+#include <vector>
 
 namespace {
 
@@ -28,13 +30,16 @@ protected:
     XString folder;
 };
 
-HDROP MakeDrop(const XString& path) {
-    const SIZE_T size = sizeof(DROPFILES) + (static_cast<SIZE_T>(path.Count()) + 2) * sizeof(wchar_t);
+HDROP MakeDrop(const XStringArray& paths) {
+    std::vector<wchar_t> texts;
+    for (const XString& path : paths)
+        texts.insert(texts.end(), path.Text(), path.Text() + path.StoredLength());
+    const SIZE_T size = sizeof(DROPFILES) + (texts.size() + 1) * sizeof(wchar_t);
     const HGLOBAL block = GlobalAlloc(GHND, size);
     auto* drop = static_cast<DROPFILES*>(GlobalLock(block));
     drop->pFiles = sizeof(DROPFILES);
     drop->fWide = TRUE;
-    std::memcpy(drop + 1, path.Text(), static_cast<SIZE_T>(path.Count()) * sizeof(wchar_t));
+    std::memcpy(drop + 1, texts.data(), texts.size() * sizeof(wchar_t));
     GlobalUnlock(block);
     return static_cast<HDROP>(block);
 }
@@ -51,14 +56,16 @@ TEST_F(SourceFiles, CountsWhatIsNotLeftOut) {
 TEST_F(SourceFiles, TakesDroppedFilesOfKnownTypesOnce) {
     for (const wchar_t* name : {L"one.aaa", L"in\\two.AAA", L"in\\three.txt"})
         Make(name);
-    const auto drop = [this](const wchar_t* name) -> Step {
-        return [this, name] {
-            return PostMessageW(Form(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(folder + name)), 0) !=
-                   0;
+    const auto drop = [this](std::initializer_list<const wchar_t*> names) -> Step {
+        XStringArray paths;
+        for (const wchar_t* name : names)
+            paths.AddString(folder + name);
+        return [block = MakeDrop(paths)] {
+            return PostMessageW(Form(), WM_DROPFILES, reinterpret_cast<WPARAM>(block), 0) != 0;
         };
     };
-    Run({drop(L"one.aaa"), [] { return SaysFiles(L"1 File"); }, drop(L"in\\three.txt"), drop(L"ONE.aaa"),
-         drop(L"in"), [] { return SaysFiles(L"2 Files"); }},
+    Run({drop({L"one.aaa"}), [] { return SaysFiles(L"1 File"); }, drop({L"in\\three.txt", L"ONE.aaa", L"in"}),
+         [] { return SaysFiles(L"2 Files"); }},
         IDCANCEL);
     EXPECT_EQ(files.Count(), 2);
     EXPECT_EQ(files[1].sourcePath, folder + L"in\\two.AAA");
