@@ -28,6 +28,8 @@ public:
     [[nodiscard]] const std::int32_t* Convert(const void* samples, std::size_t count);
     // Float samples above full scale since Open.
     [[nodiscard]] std::uint64_t Clipped() const noexcept { return clipped; }
+    // Something since Open did not fit the new depth.
+    [[nodiscard]] bool HasRounded() const noexcept { return dithers; }
 
 private:
     void FromFloat(const float* in, std::size_t count) noexcept;

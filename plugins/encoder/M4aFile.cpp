@@ -126,7 +126,7 @@ bool M4aFile::OpenCodec() {
     hasOtherPlaces = false;
     if (TryCodec(BackPlaces(wanted)) || TryCodec(wanted))
         return true;
-    hasOtherPlaces = true;
+    hasOtherPlaces = audio.channelMask != 0;
     if (TryCodec(usual))
         return true;
     // The places of its own that the encoder has for so many channels.

@@ -22,6 +22,7 @@ constexpr EncoderRow encoders[] = {
     {L"Test Conversion", L".IGNORE", L"-checksum=\"md5\"", L"-checksum=\"sha\"", false},
 #ifdef TM_HAS_CODECS
     {L"FLAC", L".flac", L"-level=\"8\" -verify", L"-level=\"9\""},
+    {L"ALAC", L".m4a", L"-format=\"24\"", L"-format=\"32\""},
     {L"mp3 (Lame)", L".mp3", L"-abr=\"160\" -mode=\"joint\"", L"-vbr=\"2\" -cbr=\"128\""},
 #endif
 };
