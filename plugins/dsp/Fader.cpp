@@ -87,11 +87,17 @@ bool Fader::Pass(DspAudioBlock& block) {
     const auto* from = static_cast<const std::uint32_t*>(block.input);
     const auto* end = from + block.inputFrames * channels;
     const std::size_t holdable = static_cast<std::size_t>(outFrames) * channels;
-    const std::size_t total = held.size() + static_cast<std::size_t>(end - from);
+    const std::size_t heldCount = held.size() - heldStart;
+    const std::size_t total = heldCount + static_cast<std::size_t>(end - from);
     const std::size_t ready = total > holdable ? total - holdable : 0;
-    const std::size_t oldReady = std::min(ready, held.size());
-    out.assign(held.begin(), held.begin() + static_cast<std::ptrdiff_t>(oldReady));
-    held.erase(held.begin(), held.begin() + static_cast<std::ptrdiff_t>(oldReady));
+    const std::size_t oldReady = std::min(ready, heldCount);
+    const auto oldest = held.begin() + static_cast<std::ptrdiff_t>(heldStart);
+    out.assign(oldest, oldest + static_cast<std::ptrdiff_t>(oldReady));
+    heldStart += oldReady;
+    if (heldStart > held.size() / 2) { // rarely, as the rest moves
+        held.erase(held.begin(), held.begin() + static_cast<std::ptrdiff_t>(heldStart));
+        heldStart = 0;
+    }
     const std::uint32_t* const newReady = from + (ready - oldReady);
     out.insert(out.end(), from, newReady);
     held.insert(held.end(), newReady, end);
@@ -102,8 +108,9 @@ bool Fader::Pass(DspAudioBlock& block) {
 }
 
 bool Fader::End(DspAudioBlock& block) {
-    out.clear();
-    out.swap(held);
+    out.assign(held.begin() + static_cast<std::ptrdiff_t>(heldStart), held.end());
+    held.clear();
+    heldStart = 0;
     const std::size_t frames = out.size() / static_cast<std::size_t>(source.channels);
     FadeInOut(frames, true);
     block.output = out.data();

@@ -35,5 +35,6 @@ private:
     std::uint64_t delivered = 0; // frames
     FloatBridge bridge;
     std::vector<std::uint32_t> held, out; // samples of either kind
+    std::size_t heldStart = 0;            // in `held`: what stands before it has gone
     std::vector<float> scaled;
 };
