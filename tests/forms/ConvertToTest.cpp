@@ -292,7 +292,7 @@ TEST_F(ConvertTo, HoldsNoHandlesOfEarlierShowings) {
     };
     showSome(5);
     const HandleReach before;
-    showSome(50);
+    showSome(20);
     const HandleReach after;
     ExpectNothingLeft(before, after, 50);
 }
