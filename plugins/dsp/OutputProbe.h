@@ -3,6 +3,8 @@
 
 #include "host/clZtDecoder.h"
 
+#include <tuple>
+
 class OutputProbe {
 public:
     OutputProbe();
@@ -23,6 +25,8 @@ struct FileIdentity {
     std::uint32_t volume = 0;
     std::uint64_t index = 0;
     [[nodiscard]] bool IsKnown() const noexcept { return volume != 0 || index != 0; }
-    [[nodiscard]] auto operator<=>(const FileIdentity&) const = default;
+    [[nodiscard]] bool operator<(const FileIdentity& other) const noexcept {
+        return std::tie(volume, index) < std::tie(other.volume, other.index);
+    }
 };
 [[nodiscard]] FileIdentity IdentityOf(const XString& path);
