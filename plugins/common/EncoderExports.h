@@ -7,6 +7,8 @@
 //     bool Encode(const void* samples, std::uint32_t frames);
 //     bool End(bool completed);
 //     a PanelWindow of its own, `panel`
+// and may have
+//     static constexpr bool needsNoFolder = true;   writes no files: where to is no question
 #pragma once
 
 #include "plugins/common/Exports.h"
@@ -64,7 +66,10 @@ std::int32_t EncoderGetKey(Encoder& encoder, const wchar_t* key, PluginParams& p
         params.text1 = encoder.information;
         return 1;
     }
-    return 0; // runs on several processors at once, needs no effect, hinders no output folder
+    if constexpr (requires { Encoder::needsNoFolder; })
+        if (name == ZtKey::disableConvertToFolder)
+            return 1;
+    return 0; // runs on several processors at once, needs no effect
 }
 
 template <class Encoder>

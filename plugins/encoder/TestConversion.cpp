@@ -13,6 +13,7 @@ namespace {
 class clTestEncoder : public EncoderBase {
 public:
     static constexpr const wchar_t* extension = L".IGNORE";
+    static constexpr bool needsNoFolder = true;
     static bool Check(const wchar_t* text, XString& error) {
         Settings settings;
         return settings.Parse(text, TestOption::all, error);

@@ -49,6 +49,8 @@ TEST(EncoderContract, AnswersItsKeys) {
             EXPECT_EQ(encoder.get(encoder.instance, key, &params), 0);
             EXPECT_EQ(params.text2, nullptr);
         }
+        params = {};
+        EXPECT_EQ(encoder.get(encoder.instance, L"DisableConvertToFolder", &params) == 0, row.hasFile);
         EXPECT_EQ(encoder.get(nullptr, L"Extension", &params), 0);
         EXPECT_EQ(encoder.get(encoder.instance, nullptr, &params), 0);
         EXPECT_EQ(encoder.get(encoder.instance, L"Extension", nullptr), 0);

@@ -34,9 +34,13 @@ HWND Form() {
     return form && IsWindowVisible(form) ? form : nullptr;
 }
 
-bool Choose(int row) {
+bool Choose(const wchar_t* item) {
     const HWND list = Form() ? GetDlgItem(Form(), ID_ENCODER_LIST) : nullptr;
-    return list && SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(row), 0) >= 0 &&
+    if (!list)
+        return false;
+    const LRESULT row =
+        SendMessageW(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(item));
+    return row >= 0 && SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(row), 0) >= 0 &&
            PostMessageW(Form(), WM_COMMAND, MAKEWPARAM(ID_ENCODER_LIST, CBN_SELCHANGE),
                         reinterpret_cast<LPARAM>(list));
 }
@@ -69,12 +73,12 @@ void ShowSetupList(const FormDriver::Step& hold) {
 }
 
 void ShowSetupBalloon(const FormDriver::Step& hold) {
-    ShowHeld(L"Wave", {[] { return Choose(1); },
+    ShowHeld(L"Wave", {[] { return Choose(L"mp3 (Lame)"); },
                        [] { return TextOf(Form(), ID_NAMING).StartsWith(L"[album artist]"); }, hold});
 }
 
 void ShowNewProfile(const FormDriver::Step& hold) {
-    ShowHeld(L"FLAC", {[] { return Choose(3); },
+    ShowHeld(L"FLAC", {[] { return Choose(L"[Create New Profile]"); },
                        [] {
                            const HWND form = FindForm(ID_PROFILE_NAME);
                            return form && SetWindowTextW(GetDlgItem(form, ID_PROFILE_NAME), L"Archive");
