@@ -73,6 +73,7 @@ tm_stop_display() {
 # process's output, so that one gets none.
 tm_start_wine() {
     tm_make_prefix || return 1
+    mkdir -p "$tm_wine/home/.local/share" # where Wine keeps its recycle bin
     tm_start_display
     tm_with_home wineserver -p 2>/dev/null
     tm_with_home wine cmd /c exit >/dev/null 2>&1 </dev/null

@@ -6,6 +6,13 @@
 
 namespace {
 
+// Where Wine's recycle bin has a deleted file.
+XString InRecycleBin(const wchar_t* name) {
+    wchar_t home[MAX_PATH] = L"";
+    GetEnvironmentVariableW(L"WINEHOMEDIR", home, MAX_PATH); // behind four characters
+    return XString(home).From(5) + L"\\.local\\share\\Trash\\files\\" + name;
+}
+
 class DeleteSource : public EffectDriver {
 protected:
     DeleteSource() : EffectDriver(L"Delete Source File") {}
@@ -81,13 +88,15 @@ TEST_F(DeleteSource, DeletesOnlyWhatStandsWholeElsewhere) {
 }
 
 TEST_F(DeleteSource, OtherLengthsOnlyWhenTold) {
-    const XString source = Put(L"a.wav", 20000);
+    const XString name = L"deleted " + DecimalText(GetCurrentProcessId()) + L".wav";
+    const XString source = Put(name, 20000);
     AddRow(source, Put(L"b.wav", 500));
     EXPECT_FALSE(EndBatch(results, L"-otherlength=\"yes\"")) << "no such value";
     EXPECT_FALSE(EndBatch(results, L""));
     EXPECT_TRUE(PathExists(source));
     EXPECT_TRUE(EndBatch(results, L"-otherlength")) << testing::PrintToString(LastError());
     EXPECT_FALSE(PathExists(source));
+    EXPECT_TRUE(DeleteOneFile(InRecycleBin(name)));
 }
 
 } // namespace
