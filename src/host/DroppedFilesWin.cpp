@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <set>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -16,7 +17,10 @@ struct FolderIdentity {
     DWORD volume = 0;
     DWORD indexHigh = 0;
     DWORD indexLow = 0;
-    auto operator<=>(const FolderIdentity&) const = default;
+    [[nodiscard]] bool operator<(const FolderIdentity& other) const noexcept {
+        return std::tie(volume, indexHigh, indexLow) <
+               std::tie(other.volume, other.indexHigh, other.indexLow);
+    }
 };
 
 bool ReadIdentity(const XString& folder, FolderIdentity& identity) {

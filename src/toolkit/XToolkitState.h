@@ -13,7 +13,7 @@ struct XToolkitState {
     XPointerSlots LiveWindows; // XWindow pointers, borrowed
     std::uint32_t WindowClassCounter = 0;
     XMutex SubclassLock;
-    XMutex TooltipLock; // guards all tips and their list; see XTipThread.h
+    XMutex TooltipLock;                   // guards all tips and their list; see XTipThread.h
     std::uint32_t ScreenDpi = 0xFFFFFFFF; // not yet read
 };
 

@@ -250,7 +250,7 @@ void XValueList::Redraw() {
 void XValueList::CloseControl() {
     const int row = Control.Row;
     if (Control.Close() > 0)
-        OnValueChanged(row);
+        OnValueChanged(row); // NOLINT(clang-analyzer-optin.cplusplus.VirtualCall): at the end, no one is told
 }
 
 XValueListFill::XValueListFill(XValueList& list) : list(list) {

@@ -228,7 +228,7 @@ LRESULT XValueList::OnParentMessage(HWND, UINT message, WPARAM wParam, LPARAM lP
     } else if (message == WM_PARENTNOTIFY && LOWORD(wParam) == WM_LBUTTONDOWN) {
         OnParentClick();
     } else if (DragMessage != 0 && message == DragMessage &&
-               static_cast<std::uint32_t>(wParam) == ControlId) {
+               static_cast<std::uint32_t>(wParam) == ControlId && lParam) {
         handled = 1;
         return OnDragMessage(*reinterpret_cast<const DRAGLISTINFO*>(lParam));
     }

@@ -33,7 +33,7 @@ XString ComputedDestination(clFileItem& file, const clListNaming& naming) {
     const XString kept(file.outputPath);
     file.outputPath.Clear();
     ComputeOutputPath(file, naming.outputFolder, naming.namingTemplate, naming.extension);
-    const XString text = StripExtension(FolderDisplayName(file.outputPath, true));
+    XString text = StripExtension(FolderDisplayName(file.outputPath, true));
     file.outputPath = kept;
     return text;
 }

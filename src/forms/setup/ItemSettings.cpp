@@ -45,7 +45,7 @@ void frmConvertToOpt::OpenPanel(const XString& item) {
 XString frmConvertToOpt::CloseEncoderPanel(bool save) {
     if (CurrentItem.IsEmpty())
         return XString();
-    const XString settings = Encoder.RemoveConfig(Hwnd);
+    XString settings = Encoder.RemoveConfig(Hwnd);
     if (save)
         SaveItemSettings(CurrentItem, settings);
     Encoder.DestroyInstance();

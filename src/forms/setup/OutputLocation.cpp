@@ -77,7 +77,7 @@ XString frmConvertToOpt::AddFolderToList(const XString& path, bool onlyIfExists)
         return XString();
     if (onlyIfExists && !PathExists(path))
         return path;
-    const XString shown = FolderDisplayName(path, false);
+    XString shown = FolderDisplayName(path, false);
     for (std::int64_t i = FolderList.Rows.Count() - 1; i >= 0; --i)
         if (FolderList.Rows[i].Text == shown)
             FolderList.RemoveRow(static_cast<int>(i));
