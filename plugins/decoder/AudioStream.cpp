@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 extern "C" {
@@ -144,6 +145,26 @@ void AudioStream::LearnLength() {
         exactFrames = expectedFrames;
 }
 
+// The decoder cuts off what an AAC encoder puts in front, but not what fills the last packet. M4A files may
+// tell both, and the length between them; they are believed if together they are the packets' frames.
+// Streams that decode to twice their frames (SBR) tell other numbers.
+void AudioStream::LearnGaplessLength() {
+    constexpr std::uint64_t packetFrames = 1024;
+    const AVDictionaryEntry* entry = av_dict_get(container->metadata, "iTunSMPB", nullptr, 0);
+    if (!entry || !current || stream->codecpar->codec_id != AV_CODEC_ID_AAC ||
+        codec->profile != FF_PROFILE_AAC_LOW || frequency != stream->codecpar->sample_rate)
+        return;
+    char* at = entry->value;
+    std::strtoull(at, &at, 16);
+    const std::uint64_t delay = std::strtoull(at, &at, 16);
+    const std::uint64_t padding = std::strtoull(at, &at, 16);
+    const std::uint64_t frames = std::strtoull(at, &at, 16);
+    const std::uint64_t coded = static_cast<std::uint64_t>(stream->nb_frames) * packetFrames;
+    if (frames > 0 && frames <= coded && delay <= coded && padding <= coded &&
+        delay + padding + frames == coded)
+        exactFrames = expectedFrames = frames;
+}
+
 void AudioStream::LearnChecksum() {
     const AVCodecParameters& parameters = *stream->codecpar;
     if (current && parameters.codec_id == AV_CODEC_ID_FLAC && Is(container->iformat->name, "flac") &&
@@ -193,6 +214,7 @@ bool AudioStream::Open(const XString& source, AudioFormatRecord& record) {
         Fail(L"The source holds no audio");
         return false;
     }
+    LearnGaplessLength();
     LearnChecksum();
     Describe(record);
     return true;
@@ -297,9 +319,11 @@ AudioStream::Step AudioStream::ReceiveOrFeed() {
     }
 }
 
-// Fewer frames than the container told are a truncated file; estimates get a second of doubt.
+// Fewer frames than the container told are a truncated file; estimates get a second of doubt, and so do
+// streams of which a damaged packet may be passed over.
 AudioStream::Step AudioStream::CheckEnd() {
-    const std::uint64_t doubt = exactFrames ? 0 : static_cast<std::uint64_t>(stream->codecpar->sample_rate);
+    const bool isSure = exactFrames && stream->codecpar->codec_id != AV_CODEC_ID_AAC;
+    const std::uint64_t doubt = isSure ? 0 : static_cast<std::uint64_t>(stream->codecpar->sample_rate);
     if (delivered + doubt >= expectedFrames)
         return Step::end;
     error.Format(L"The source is truncated: it ends after %s of %s frames", UnsignedText(delivered).Text(),

@@ -45,6 +45,7 @@ private:
     [[nodiscard]] bool OpenContainer();
     [[nodiscard]] bool OpenCodec();
     void LearnLength();
+    void LearnGaplessLength();
     void LearnChecksum();
     [[nodiscard]] bool OpenWideFlac(AudioFormatRecord& record);
     [[nodiscard]] int DecodeWideFlac(void* samples, unsigned maxFrames);

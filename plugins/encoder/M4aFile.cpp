@@ -4,7 +4,10 @@
 #include "plugins/encoder/Mp4Tags.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <utility>
+#include <vector>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -50,7 +53,8 @@ struct M4aFile::Engine {
     std::unique_ptr<AVFormatContext, FreeMuxer> muxer;
     std::unique_ptr<AVFrame, FreeFrame> frame;
     std::unique_ptr<AVPacket, FreePacket> packet;
-    int filled = 0; // frames of audio in `frame`
+    int filled = 0;                       // frames of audio in `frame`
+    std::vector<std::vector<float>> past; // of AAC, per channel: the last frame sent and what is filled
 };
 
 // The index is kept in memory until its tags are in it.
@@ -186,32 +190,96 @@ bool M4aFile::Open(const wchar_t* path, const M4aAudio& newAudio) {
     frame.nb_samples = engine->codec->frame_size;
     frame.sample_rate = engine->codec->sample_rate;
     int made = av_channel_layout_copy(&frame.ch_layout, &engine->codec->ch_layout);
+    if (audio.codec == M4aCodec::aac)
+        engine->past.resize(static_cast<std::size_t>(audio.channels));
     if (made >= 0)
         made = av_frame_get_buffer(&frame, 0);
     return made >= 0 ? OpenMuxer() : Fail(L"the start", made);
 }
 
-// Hands the frame, or the end, to the encoder, and what it gives to the muxer.
-bool M4aFile::Send(bool isEnd) {
-    AVFrame* frame = isEnd ? nullptr : engine->frame.get();
-    if (frame) {
-        frame->pts = static_cast<std::int64_t>(framesTaken);
-        frame->nb_samples = engine->filled;
-        framesTaken += static_cast<std::uint64_t>(engine->filled);
-        engine->filled = 0;
-    }
+// Hands the frame, or with none the end, to the encoder, and what it gives to the muxer.
+bool M4aFile::Encode(AVFrame* frame, std::int64_t at) {
+    if (frame)
+        frame->pts = at;
     int code = avcodec_send_frame(engine->codec.get(), frame);
     AVPacket* packet = engine->packet.get();
     while (code >= 0 && (code = avcodec_receive_packet(engine->codec.get(), packet)) >= 0) {
+        const std::int64_t left = static_cast<std::int64_t>(framesTaken) - packet->pts;
+        if (left <= 0) { // it holds nothing but what follows the audio
+            av_packet_unref(packet);
+            continue;
+        }
         ++packets;
         packet->stream_index = 0;
+        packet->duration = std::min(packet->duration, left);
         av_packet_rescale_ts(packet, engine->codec->time_base, engine->muxer->streams[0]->time_base);
         code = av_write_frame(engine->muxer.get(), packet);
         av_packet_unref(packet);
         if (code >= 0 && engine->io->error < 0)
             code = engine->io->error;
     }
-    return code == AVERROR(EAGAIN) || (isEnd && code == AVERROR_EOF) || Fail(L"encoding", code);
+    return code == AVERROR(EAGAIN) || (!frame && code == AVERROR_EOF) || Fail(L"encoding", code);
+}
+
+// A frame of `past`, from its sample `from` on; what lies outside is its mirror image.
+bool M4aFile::EncodeMirrored(std::int64_t from, std::int64_t at) {
+    AVFrame* frame = engine->frame.get();
+    frame->nb_samples = engine->codec->frame_size;
+    const int writable = av_frame_make_writable(frame);
+    if (writable < 0)
+        return Fail(L"encoding", writable);
+    for (std::size_t channel = 0; channel < engine->past.size(); ++channel) {
+        const std::vector<float>& past = engine->past[channel];
+        const std::int64_t last = static_cast<std::int64_t>(past.size()) - 1;
+        float* out = reinterpret_cast<float*>(frame->extended_data[channel]);
+        for (int i = 0; i < frame->nb_samples; ++i) {
+            const std::int64_t there = last > 0 ? std::abs(from + i) % (2 * last) : 0;
+            out[i] = past[static_cast<std::size_t>(std::min(there, 2 * last - there))];
+        }
+    }
+    return Encode(frame, at);
+}
+
+void M4aFile::KeepPast() {
+    const std::size_t kept = static_cast<std::size_t>(engine->codec->frame_size);
+    for (std::size_t channel = 0; channel < engine->past.size(); ++channel) {
+        std::vector<float>& past = engine->past[channel];
+        if (past.size() > kept)
+            past.erase(past.begin(), past.end() - static_cast<std::ptrdiff_t>(kept));
+        const float* in = reinterpret_cast<const float*>(engine->frame->extended_data[channel]);
+        past.insert(past.end(), in, in + engine->filled);
+    }
+}
+
+// Takes the filled frame. AAC codes each frame together with its neighbours, so audio that begins or ends
+// at once would sound there, and joined files would click: it gets its mirror image on both sides, which
+// players cut off.
+bool M4aFile::Send() {
+    const std::int64_t at = static_cast<std::int64_t>(framesTaken);
+    const std::int64_t whole = engine->codec->frame_size;
+    framesTaken += static_cast<std::uint64_t>(engine->filled);
+    if (engine->past.empty()) {
+        engine->frame->nb_samples = std::exchange(engine->filled, 0);
+        return Encode(engine->frame.get(), at);
+    }
+    KeepPast();
+    engine->filled = 0;
+    const std::int64_t from =
+        static_cast<std::int64_t>(engine->past[0].size()) - (static_cast<std::int64_t>(framesTaken) - at);
+    return (at > 0 || EncodeMirrored(-whole, -whole)) && EncodeMirrored(from, at);
+}
+
+bool M4aFile::SendEnd() {
+    if (engine->filled > 0 && !Send())
+        return false;
+    if (!engine->past.empty()) {
+        const std::int64_t whole = engine->codec->frame_size;
+        const std::int64_t coded = (static_cast<std::int64_t>(framesTaken) + whole - 1) / whole * whole;
+        const std::int64_t behind = coded - static_cast<std::int64_t>(framesTaken);
+        if (!EncodeMirrored(static_cast<std::int64_t>(engine->past[0].size()) + behind, coded))
+            return false;
+    }
+    return Encode(nullptr, 0);
 }
 
 void M4aFile::Fill(const void* samples, std::uint32_t frames) {
@@ -250,16 +318,17 @@ bool M4aFile::Write(const void* samples, std::uint32_t frames) {
         Fill(at, run);
         at += std::size_t(run) * static_cast<std::size_t>(audio.channels) * 4;
         frames -= run;
-        if (engine->filled == whole && !Send(false))
+        if (engine->filled == whole && !Send())
             return false;
     }
     return true;
 }
 
 bool M4aFile::WriteIndex(ByteVector items) {
-    const std::uint64_t delay = static_cast<std::uint64_t>(engine->codec->initial_padding);
-    const std::uint64_t coded = packets * static_cast<std::uint64_t>(engine->codec->frame_size);
-    if (delay > 0 && coded >= delay + framesTaken) {
+    const std::uint64_t whole = static_cast<std::uint64_t>(engine->codec->frame_size);
+    const std::uint64_t delay = whole + static_cast<std::uint64_t>(engine->codec->initial_padding);
+    const std::uint64_t coded = packets * whole;
+    if (!engine->past.empty() && coded >= delay + framesTaken) {
         const std::string text = GaplessText(delay, coded - delay - framesTaken, framesTaken);
         const ByteVector item = BuildMp4FreeItem("iTunSMPB", text);
         items.insert(items.end(), item.begin(), item.end());
@@ -287,7 +356,7 @@ bool M4aFile::Finish(ByteVector items) {
         return Fail(L"the end", AVERROR(EINVAL));
     if (framesTaken == 0 && engine->filled == 0 && !Write(silence, 1))
         return false;
-    const bool done = (engine->filled == 0 || Send(false)) && Send(true) && WriteIndex(std::move(items));
+    const bool done = SendEnd() && WriteIndex(std::move(items));
     engine.reset();
     return done;
 }

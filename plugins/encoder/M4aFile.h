@@ -10,6 +10,8 @@
 
 #include <memory>
 
+struct AVFrame;
+
 enum class M4aCodec { alac, aac };
 
 struct M4aAudio {
@@ -47,7 +49,11 @@ private:
     [[nodiscard]] bool OpenCodec();
     [[nodiscard]] bool TryCodec(std::uint32_t mask);
     [[nodiscard]] bool OpenMuxer();
-    [[nodiscard]] bool Send(bool isEnd);
+    [[nodiscard]] bool Send();
+    [[nodiscard]] bool SendEnd();
+    [[nodiscard]] bool Encode(AVFrame* frame, std::int64_t at);
+    [[nodiscard]] bool EncodeMirrored(std::int64_t from, std::int64_t at);
+    void KeepPast();
     [[nodiscard]] bool WriteIndex(ByteVector items);
     void Fill(const void* samples, std::uint32_t frames);
     bool Fail(const wchar_t* doing, int code);

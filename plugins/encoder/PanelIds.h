@@ -27,8 +27,12 @@
 #define ID_MP3_RATE 148
 #define ID_MP3_MODE 149
 
+// m4a AAC
+#define ID_AAC_RATE 210
+#define ID_AAC_CHANNELS 211
+
 // ALAC
-#define ID_ALAC_FORMAT 170
+#define ID_ALAC_FORMAT 200
 
 // Test Conversion
 #define ID_TEST_CHECKSUM 160

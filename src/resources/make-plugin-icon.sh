@@ -48,6 +48,13 @@ Flac() {
     done <<< $'30 10 65\n50 10 45\n70 20 30\n100 10 50\n120 10 65'
 }
 
+# Sound in a shell that is smaller.
+Aac() {
+    Tile grey '#9A9A9A'
+    Line "$deep" $((n <= 20 ? 14 : 11)) 'line 80,36 80,124' 'line 56,56 56,104' 'line 104,56 104,104' \
+        'line 32,70 32,90' 'line 128,70 128,90'
+}
+
 # A bar that comes out as long as it went in.
 Alac() {
     Tile grey '#9A9A9A'

@@ -19,7 +19,6 @@ convert --to ALAC --out "$work/alac" "$work"/in/*
 expect_converted 6 0
 for source in "$work"/in/*; do
     output="$work/alac/$(basename "${source%.*}").m4a"
-    # 8 bit stand in the upper half of 16
     expect_same_audio "$source" "$output"
     [ "$(ffprobe -v error -show_entries stream=codec_name -of csv=p=0 "$output")" = alac ] || fail "$output is no ALAC"
 done
@@ -40,7 +39,7 @@ flac -s -o "$work/tagged.flac" -T "TITLE=Café – 日本" -T "ARTIST=Erste" -T 
     --picture="3|image/jpeg|Front||$work/cover.jpg" "$work/in/s16.wav"
 metaflac --export-tags-to=- "$work/tagged.flac" | sort >"$work/tags.txt"
 
-for encoder in ALAC; do
+for encoder in ALAC 'm4a AAC'; do
     convert --to "$encoder" --out "$work/tags-$encoder" "$work/tagged.flac"
     expect_converted 1 0
     file="$work/tags-$encoder/tagged.m4a"
@@ -59,4 +58,49 @@ for encoder in ALAC; do
     metaflac --export-tags-to=- "$work/back-$encoder/tagged.flac" | sort | diff "$work/tags.txt" - ||
         fail "tags changed on their way through $encoder"
 done
+
+# AAC: the length to the frame, as the file tells it and as our decoder cuts it.
+mkdir "$work/tones"
+sox -r 44100 -n -c 2 -b 16 "$work/tones/long.wav" synth 200000s sine 440 vol 0.5
+sox "$work/tones/long.wav" "$work/tones/first.wav" trim 0 123457s
+sox "$work/tones/long.wav" "$work/tones/second.wav" trim 123457s
+cp "$work"/in/{u8,s24,eight,one}.wav "$work/tones"
+tones() { # NAME HERTZ...: a channel each
+    local voices=() hertz
+    for hertz in "${@:2}"; do
+        voices+=(sine "$hertz")
+    done
+    sox -r 48000 -n -c $(($# - 1)) -b 24 "$work/tones/$1.wav" synth 1 "${voices[@]}" vol 0.5
+}
+tones three 400 800 1600
+tones quad 400 800 1600 3200
+tones six 400 800 1600 60 3200 5000
+tones seven 400 800 1600 60 3200 5000 6400
+convert --to 'm4a AAC' --out "$work/aac" "$work"/tones/*
+expect_converted 11 0
+convert --to Wave --out "$work/back" "$work"/aac/*
+expect_converted 11 0
+for row in long:200000 first:123457 second:76543 u8:4001 s24:28800 eight:9600 one:1 three:48000 six:48000; do
+    file="$work/aac/${row%:*}.m4a"
+    told=$(ffprobe -v error -select_streams a -show_entries stream=duration_ts -of csv=p=0 "$file")
+    [ "$told" = "${row#*:}" ] || fail "$file tells $told frames, not ${row#*:}"
+    expect_frames "$work/back/${row%:*}.wav" "${row#*:}"
+done
+# No click where two files meet, that were one: the tone's largest step is 0.0314.
+sox "$work/back/first.wav" "$work/back/second.wav" "$work/joined.wav"
+step=$(sox "$work/joined.wav" -n stat 2>&1 | sed -n 's/^Maximum delta: *//p')
+awk "BEGIN { exit !($step < 0.036) }" || fail "a step of $step where two files meet"
+for row in three:400:800:1600 quad:400:800:1600:3200 six:400:800:1600:60:3200:5000 \
+    seven:400:800:1600:60:3200:5000:6400; do
+    IFS=: read -r -a hertz <<<"$row"
+    ffmpeg -v error -i "$work/aac/${hertz[0]}.m4a" -y "$work/decoded.wav"
+    for ((i = 1; i < ${#hertz[@]}; ++i)); do
+        found=$(sox "$work/decoded.wav" -n remix $i trim 0.2 0.5 stat 2>&1 | sed -n 's/^Rough *frequency: *//p')
+        awk "BEGIN { exit !($found > ${hertz[i]} * 0.9 && $found < ${hertz[i]} * 1.1) }" ||
+            fail "channel $i of ${hertz[0]} has $found Hz, not ${hertz[i]}"
+    done
+done
+convert --to 'm4a AAC' --settings '-bitrate="96" -channels="1"' --out "$work/mono" "$work/tones/six.wav"
+expect_converted 1 0
+[ "$(ffprobe -v error -show_entries stream=channels -of csv=p=0 "$work/mono/six.m4a")" = 1 ] || fail "not mono"
 finish

@@ -34,6 +34,8 @@ TEST(EncoderInformation, NamesWhatIsLost) {
         {L"FLAC", L"", IntegerFormat(2, 24, 96000), L"own key", L""},
         {L"ALAC", L"", IntegerFormat(2, 32, 48000), L"own key",
          L"ALAC can't hold 32 bit samples: they were rounded to 24 bit"},
+        {L"m4a AAC", L"", IntegerFormat(2, 24, 176400), L"own key",
+         L"AAC can't hold 176400 Hz: the audio was brought to 88200 Hz"},
         {L"mp3 (Lame)", L"", IntegerFormat(6, 24, 96000), L"own key",
          L"mp3 can't hold 6 channels: they were mixed down to 2\n"
          L"mp3 can't hold 96000 Hz: the audio was brought to 48000 Hz"},

@@ -23,10 +23,11 @@ constexpr wchar_t trim[] = L"DSPs\\Trim Silence";
 constexpr wchar_t fade[] = L"DSPs\\Fade";
 constexpr wchar_t removal[] = L"DSPs\\Delete Source File";
 #ifdef TM_HAS_CODECS
+constexpr wchar_t aac[] = L"encoder\\m4a AAC";
 constexpr wchar_t alac[] = L"encoder\\ALAC";
 constexpr wchar_t flac[] = L"encoder\\FLAC";
 constexpr wchar_t mp3[] = L"encoder\\mp3 (Lame)";
-constexpr const wchar_t* libraries[] = {wave,   aiff,     wave64,     test,     alac, flac, mp3,
+constexpr const wchar_t* libraries[] = {wave, aiff,   wave64,   test,       aac,      alac, flac,   mp3,
                                         report, playlist, processors, channels, trim, fade, removal};
 #else
 constexpr const wchar_t* libraries[] = {wave,       aiff,     wave64, test, report, playlist,
@@ -99,6 +100,9 @@ constexpr PassRow passRows[] = {
     {fade, L"-out=\"99999\"", L"-out=\"60000\""},
     {removal, L"-otherlength"},
 #ifdef TM_HAS_CODECS
+    {aac, L""},
+    {aac, L"-bitrate=\"100\" -channels=\"2\""},
+    {aac, L"-bitrate=\"999\"", L"-bitrate=\"512\""},
     {alac, L"-format=\"24\""},
     {alac, L"-format=\"20\"", L""},
     {flac, L""},
@@ -173,6 +177,8 @@ constexpr ChangeRow changeRows[] = {
     {removal, L"", ID_DELETE_OTHER_LENGTH, nullptr, 0, 1, L"-otherlength"},
     {playlist, L"-file=\"a\"", ID_PLAYLIST_ABSOLUTE, nullptr, 0, 1, L"-file=\"a\" -absolute"},
 #ifdef TM_HAS_CODECS
+    {aac, L"-bitrate=\"128\"", ID_AAC_CHANNELS, nullptr, VK_END, 1, L"-bitrate=\"128\" -channels=\"2\"",
+     L"Constant bit rate: stereo, 128 kbit/s, 1.0 MB a minute"},
     {alac, L"-format=\"16\"", ID_ALAC_FORMAT, nullptr, VK_DOWN, 1, L"-format=\"24\"",
      L"Every file gets 24 bit: sources of up to 24 bit are kept bit by bit."},
     {flac, L"", ID_FLAC_LEVEL, nullptr, VK_LEFT, 2, L"-level=\"3\""},
