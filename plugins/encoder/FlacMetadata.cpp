@@ -1,8 +1,9 @@
-// Tags become Vorbis comments, one per value; places of channels that FLAC does not imply go along.
+// Tags become Vorbis comments; places of channels that FLAC does not imply go along.
 #include "plugins/encoder/FlacMetadata.h"
 
 #include "plugins/common/OutputFile.h"
 #include "plugins/common/TagText.h"
+#include "plugins/encoder/VorbisComments.h"
 
 #include <cstring>
 #include <string>
@@ -20,58 +21,6 @@ constexpr std::uint64_t seekTableOffset = 4 + 4 + FLAC__STREAM_METADATA_STREAMIN
 // back ones in 5.0 and 5.1.
 bool IsImplied(std::uint32_t mask, int channels) noexcept {
     return mask == 0 || mask == UsualChannelMask(channels) || mask == 0x607 || mask == 0x60F;
-}
-
-// False if memory ran out. A comment that no block could hold sets `isLeftOut`.
-bool AddComment(FLAC__StreamMetadata* block, const std::string& name, const XString& value, bool& isLeftOut) {
-    const std::string text = name + "=" + ToUtf8(value);
-    if (text.size() + 4 > mostBlockBytes - block->length) { // with the four bytes of its own length
-        isLeftOut = true;
-        return true;
-    }
-    FLAC__StreamMetadata_VorbisComment_Entry entry;
-    entry.length = static_cast<FLAC__uint32>(text.size());
-    entry.entry = reinterpret_cast<FLAC__byte*>(const_cast<char*>(text.c_str()));
-    return FLAC__metadata_object_vorbiscomment_append_comment(block, entry, true);
-}
-
-// Field names are ASCII from blank to '}' without '='; empty for a key that has none left.
-std::string FieldName(const XString& key) {
-    if (const TagName* known = FindTagName(key))
-        return known->vorbis;
-    std::string name;
-    for (int i = 1; i <= key.Count(); ++i) {
-        const wchar_t c = key.CharAt(i);
-        if (c < 0x20 || c > 0x7D || c == L'=')
-            return {};
-        name += static_cast<char>(c >= L'a' && c <= L'z' ? c - 32 : c);
-    }
-    return name;
-}
-
-bool AddItem(FLAC__StreamMetadata* block, const XTagItem& item, LeftOutTags& leftOut) {
-    const std::string name = FieldName(item.key);
-    bool isLeftOut = name.empty();
-    if (isLeftOut) {
-        leftOut.Add(item);
-        return true;
-    }
-    const bool hasTotal = name == "TRACKNUMBER" || name == "DISCNUMBER";
-    XStringArray values;
-    SplitValues(item, values);
-    for (const XString& value : values) {
-        XString number = value, total;
-        if (hasTotal)
-            SplitTotal(value, number, total);
-        if (!number.IsEmpty() && !AddComment(block, name, number, isLeftOut))
-            return false;
-        const char* totalName = name == "DISCNUMBER" ? "DISCTOTAL" : "TRACKTOTAL";
-        if (!total.IsEmpty() && !AddComment(block, totalName, total, isLeftOut))
-            return false;
-    }
-    if (isLeftOut)
-        leftOut.Add(item);
-    return true;
 }
 
 } // namespace
@@ -104,15 +53,21 @@ bool FlacMetadata::AddComments(const XTagList& tags, const PcmFormat& format, Le
     FLAC__StreamMetadata* block = Add(FLAC__METADATA_TYPE_VORBIS_COMMENT);
     if (!block)
         return false;
-    for (std::int64_t i = 0; i < tags.Count(); ++i)
-        if (!IsPicture(tags[i]) && !AddItem(block, tags[i], leftOut))
+    VorbisComments comments(mostBlockBytes - block->length);
+    if (!IsImplied(format.channelMask, format.channels)) {
+        XString mask;
+        mask.ToHexShort(format.channelMask);
+        (void)comments.Add("WAVEFORMATEXTENSIBLE_CHANNEL_MASK", ToUtf8(L"0x" + mask)); // first: there is room
+    }
+    comments.AddTags(tags, leftOut);
+    for (const std::string& field : comments.fields) {
+        FLAC__StreamMetadata_VorbisComment_Entry entry;
+        entry.length = static_cast<FLAC__uint32>(field.size());
+        entry.entry = reinterpret_cast<FLAC__byte*>(const_cast<char*>(field.c_str()));
+        if (!FLAC__metadata_object_vorbiscomment_append_comment(block, entry, true))
             return false;
-    if (IsImplied(format.channelMask, format.channels))
-        return true;
-    XString mask;
-    mask.ToHexShort(format.channelMask);
-    bool ignored = false; // some ten bytes
-    return AddComment(block, "WAVEFORMATEXTENSIBLE_CHANNEL_MASK", L"0x" + mask, ignored);
+    }
+    return true;
 }
 
 bool FlacMetadata::AddPicture(const XTagItem& item, LeftOutTags& leftOut) {

@@ -70,6 +70,13 @@ Mp3() {
         'ellipse 105,104 18,14 0,360'
 }
 
+# Rings of a voice.
+Opus() {
+    Tile rose '#9A4468'
+    Fill white 'ellipse 44,80 14,14 0,360'
+    Line white $((n <= 20 ? 14 : 11)) "path 'M 68,50 A 40,40 0 0 1 68,110'" "path 'M 92,30 A 66,66 0 0 1 92,130'"
+}
+
 Report() {
     Box 20 10 130 150 0 'url(#paper)' "$edge"
     local y

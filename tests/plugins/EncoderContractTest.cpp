@@ -23,6 +23,7 @@ constexpr EncoderRow encoders[] = {
 #ifdef TM_HAS_CODECS
     {L"FLAC", L".flac", L"-level=\"8\" -verify", L"-level=\"9\""},
     {L"ALAC", L".m4a", L"-format=\"24\"", L"-format=\"32\""},
+    {L"Opus", L".opus", L"-bitrate=\"96\" -mode=\"cbr\"", L"-bitrate=\"5\""},
     {L"m4a AAC", L".m4a", L"-bitrate=\"96\" -channels=\"1\"", L"-bitrate=\"8\""},
     {L"mp3 (Lame)", L".mp3", L"-abr=\"160\" -mode=\"joint\"", L"-vbr=\"2\" -cbr=\"128\""},
 #endif

@@ -27,8 +27,9 @@ constexpr wchar_t aac[] = L"encoder\\m4a AAC";
 constexpr wchar_t alac[] = L"encoder\\ALAC";
 constexpr wchar_t flac[] = L"encoder\\FLAC";
 constexpr wchar_t mp3[] = L"encoder\\mp3 (Lame)";
-constexpr const wchar_t* libraries[] = {wave, aiff,   wave64,   test,       aac,      alac, flac,   mp3,
-                                        report, playlist, processors, channels, trim, fade, removal};
+constexpr wchar_t opus[] = L"encoder\\Opus";
+constexpr const wchar_t* libraries[] = {wave, aiff,   wave64,   test,       aac,      alac, flac, mp3,
+                                        opus, report, playlist, processors, channels, trim, fade, removal};
 #else
 constexpr const wchar_t* libraries[] = {wave,       aiff,     wave64, test, report, playlist,
                                         processors, channels, trim,   fade, removal};
@@ -120,6 +121,8 @@ constexpr PassRow passRows[] = {
     {mp3, L"-abr=\"999\" -cbr=\"x\" -vbr=\"1\"", L"-abr=\"310\""},
     {mp3, L"-cbr -abr -mode=\"quad\"", L""},
     {mp3, L"-q=\"0\" -vbr=\"4\"", nullptr, true},
+    {opus, L"-bitrate=\"100\" -mode=\"CBR\" -complexity=\"0\""},
+    {opus, L"-bitrate=\"1\" -mode=\"abr\" -complexity=\"11\"", L"-bitrate=\"6\""},
 #endif
 };
 
@@ -192,6 +195,11 @@ constexpr ChangeRow changeRows[] = {
      L"Average bit rate: about 112 kbit/s, stereo"},
     {mp3, L"", ID_MP3_MODE, nullptr, VK_END, 1, L"-mode=\"mono\"",
      L"Variable bit rate, very high quality: about 114 kbit/s, mono"},
+    {opus, L"", ID_OPUS_RATE, nullptr, VK_UP, 3, L"-bitrate=\"80\"",
+     L"Stereo gets about 80 kbit/s, mono 40, 5.1 240. Good for music to go."},
+    {opus, L"", ID_OPUS_MODE, nullptr, VK_END, 1, L"-mode=\"cbr\"",
+     L"Stereo gets 128 kbit/s, mono 64, 5.1 384. Music is hard to tell from its source."},
+    {opus, L"", ID_OPUS_EFFORT, nullptr, VK_LEFT, 1, L"-complexity=\"9\""},
 #endif
 };
 
