@@ -165,7 +165,7 @@ void frmListNRename::_lstView::OnContextMenu(int x, int y, HWND) {
 void frmListNRename::ShowMenu(int x, int y) {
     const UINT chosen = TrackRowMenu(Menu, List, Hwnd, x, y, !NoRename && !IsNameMissing());
     if (chosen == ID_ROWS_UNIQUE_NAMES)
-        MakeUnique();
+        AppendToAllRows(List, UniqueSuffix());
     else if (chosen != 0)
         CheckAll(chosen == ID_ROWS_CHECK_ALL);
 }
@@ -179,18 +179,6 @@ void frmListNRename::CheckAll(bool isChecked) {
 // A time stamp behind nothing would be the name of many files.
 bool frmListNRename::IsNameMissing() const {
     return NeedsTags && !IsEveryRowFilled();
-}
-
-void frmListNRename::MakeUnique() {
-    const XString suffix = UniqueSuffix();
-    const XListUpdate update(List);
-    const int rows = List.RowCount();
-    for (int row = 0; row < rows; ++row) {
-        XString text = List.GetCellText(row, 0);
-        if (text.IsEmpty())
-            text = DestinationText(Files[row]);
-        List.SetCellText(text + suffix, row, 0);
-    }
 }
 
 void frmListNRename::OnMouseDown(int x, int y, UINT message, WPARAM) {

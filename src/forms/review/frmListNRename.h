@@ -69,7 +69,6 @@ private:
     [[nodiscard]] bool IsNameMissing() const;
     void UpdateSummary();
     void CheckAll(bool checked);
-    void MakeUnique();
     void ShowMenu(int x, int y);
     void Commit();
 
