@@ -163,6 +163,7 @@ void XListView::SelectRow(int row, bool exclusive) {
         ListView_SetItemState(List, row, LVIS_SELECTED, LVIS_SELECTED);
         return;
     }
+    LeaveMany(row);
     for (const UINT kind : {LVNI_SELECTED, LVNI_FOCUSED, LVNI_CUT, LVNI_DROPHILITED})
         for (int other = -1; (other = NextRow(other, kind)) >= 0;)
             if (other != row)

@@ -131,6 +131,7 @@ private:
     bool CheckClick();
     void CheckWithSelection(int row);
     void CheckMany(const std::vector<int>& rows, bool checked);
+    void LeaveMany(int keptRow);
     void LeftDown(POINT point, std::uint32_t& handled);
     bool SpacePressed();
 };

@@ -26,6 +26,9 @@ LRESULT XListView::OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPar
         return 0;
     case WM_KEYDOWN:
         handled = wParam == VK_SPACE && SpacePressed();
+        if (wParam >= VK_PRIOR && wParam <= VK_DOWN && wParam != VK_LEFT && wParam != VK_RIGHT &&
+            GetKeyState(VK_CONTROL) >= 0)
+            LeaveMany(NextRow(-1, LVNI_FOCUSED));
         return 0;
     case WM_VSCROLL:
         OnScroll(LOWORD(wParam), HIWORD(wParam));
@@ -138,6 +141,29 @@ void XListView::CheckMany(const std::vector<int>& rows, bool checked) {
     }
 }
 
+// What a plain key or click is about to do, row by row with a message to the parent for each, which
+// takes seconds in a long list.
+void XListView::LeaveMany(int keptRow) {
+    if (!List || Ask(LVM_GETSELECTEDCOUNT, 0, 0) < static_cast<LRESULT>(manyRows))
+        return;
+    const std::vector<int> rows = GetSelectedRows();
+    const bool isTold = !Updating;
+    {
+        const XListUpdate update(*this);
+        LVITEMW item{};
+        item.stateMask = LVIS_SELECTED;
+        for (const int row : rows)
+            if (row != keptRow)
+                Ask(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    }
+    for (std::size_t i = 0; i < rows.size() && List && isTold; ++i) {
+        if (rows[i] == keptRow)
+            continue;
+        OnItemChanged(rows[i], 0, LVIF_STATE, LVIS_SELECTED, 0);
+        OnSelectChanged(rows[i], 0, false);
+    }
+}
+
 // As a click on the box of the focused row. The control itself would drop the selection first.
 bool XListView::SpacePressed() {
     if (!List || (ListView_GetExtendedListViewStyle(List) & LVS_EX_CHECKBOXES) == 0)
@@ -163,8 +189,11 @@ void XListView::LeftDown(POINT point, std::uint32_t& handled) {
         return;
     }
     OnLeftDown(RowAtCursor(), CursorPoint().x, handled);
-    if (EditMode == 0)
+    if (EditMode == 0) {
+        if (!handled && GetKeyState(VK_CONTROL) >= 0)
+            LeaveMany(RowAtCursor());
         return;
+    }
     Editor.Commit();
     Editor.Close();
     for (const int key : {VK_LCONTROL, VK_RCONTROL, VK_LSHIFT, VK_RSHIFT})

@@ -148,7 +148,8 @@ LRESULT XListView::EndLabelEdit(const NMLVDISPINFOW& info) {
             text = whole;
     }
     SetCellText(text, info.item.iItem, 0);
-    return OnEndLabelEdit(info.item.iItem, text);
+    const bool isAgreed = OnEndLabelEdit(info.item.iItem, text);
+    return isAgreed && text == info.item.pszText; // else the control would store what it has cut
 }
 
 void XListView::FillInfoTip(NMLVGETINFOTIPW& tip) {

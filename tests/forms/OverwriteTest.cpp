@@ -180,6 +180,9 @@ TEST_F(Overwrite, OpensScrollsAndClosesWithManyRows) {
         EXPECT_EQ(ListView_GetTopIndex(List()), top - 1);
         press(VK_PRIOR, 1000);
         press('A', 5000, true);
+        press(VK_UP, 1000);
+        EXPECT_EQ(ListView_GetSelectedCount(List()), 1U);
+        press('A', 5000, true);
         press(VK_SPACE, 10000);
         pressed = GetTickCount();
         return true;

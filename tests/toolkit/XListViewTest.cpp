@@ -163,6 +163,14 @@ TEST_F(XListViewTest, KeysGoForAllSelectedRows) {
     XString log = list.Take();
     EXPECT_TRUE(log.StartsWith(L"check 0;check 1;check 2;check 3;check 4;check 5;check 6;check 8;"));
     EXPECT_EQ(log.Right(10), XString(L"check 149;"));
+    Key(VK_DOWN); // the same of rows that are left
+    EXPECT_EQ(list.GetSelectedRows(), std::vector<int>{1});
+    log = list.Take();
+    EXPECT_TRUE(log.StartsWith(L"leave 1;leave 2;leave 3;")) << log.Text();
+    EXPECT_TRUE(log.Find(L"leave 149;") > 0 && log.Find(L"select 1;") > 0) << log.Text();
+    Key('A', true);
+    Click(2, 100);
+    EXPECT_EQ(list.GetSelectedRows(), std::vector<int>{2});
 }
 
 TEST_F(XListViewTest, TellsChangesUnlessUpdating) {
@@ -224,6 +232,14 @@ TEST_F(XListViewTest, RenamesByF2) {
     SendMessageW(LabelEdit(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L" end"));
     Key(VK_RETURN);
     EXPECT_EQ(list.GetCellText(3, 0), longPath + L" end");
+    Key(VK_F2); // a control that cuts the text is not to store what is left
+    NMLVDISPINFOW cut{{list.List, 0, LVN_ENDLABELEDITW}, {}};
+    cut.item.iItem = 3;
+    XString start = longPath.Left(259);
+    cut.item.pszText = start.Buffer();
+    EXPECT_EQ(SendMessageW(Hwnd, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&cut)), FALSE);
+    EXPECT_EQ(list.GetCellText(3, 0), longPath + L" end");
+    Key(VK_ESCAPE);
     SetWindowLongW(list.List, GWL_STYLE, GetWindowLongW(list.List, GWL_STYLE) & ~LVS_EDITLABELS);
     Key(VK_F2);
     EXPECT_EQ(LabelEdit(), nullptr);
