@@ -67,8 +67,9 @@ bool clTestEncoder::Encode(const void* samples, std::uint32_t frames) {
 XString clTestEncoder::Result() {
     XString seconds;
     seconds.FromReal(static_cast<double>(framesHeard) / format.frequency, 3, true);
-    XString text = L"Tested, and found sound: " + UnsignedText(framesHeard) + L" samples (" + seconds +
-                   L" s), " + UnsignedText(format.frequency) + L" Hz, " + DecimalText(format.channels) +
+    XString text = L"Tested, and found sound: " + UnsignedText(framesHeard) +
+                   (framesHeard == 1 ? L" sample (" : L" samples (") + seconds + L" s), " +
+                   UnsignedText(format.frequency) + L" Hz, " + DecimalText(format.channels) +
                    (format.channels == 1 ? L" channel, " : L" channels, ") + DecimalText(format.bits) +
                    (format.isFloat ? L" bit floating point" : L" bit");
     if (wantsCrc) {

@@ -76,7 +76,7 @@ TEST(TestConversion, TellsLengthAndChecksums) {
         {IntegerFormat(3, 8, 1),
          {'a', 'b', 'c'},
          L"-checksum=\"md5\"",
-         L"Tested, and found sound: 1 samples (1.000 s), 1 Hz, 3 channels, 8 bit, "
+         L"Tested, and found sound: 1 sample (1.000 s), 1 Hz, 3 channels, 8 bit, "
          L"MD5 900150983cd24fb0d6963f7d28e17f72"},
         {FloatFormat(2, 44100), std::vector<std::int32_t>(88200), L"-checksum=\"none\"",
          L"Tested, and found sound: 44100 samples (1.000 s), 44100 Hz, 2 channels, 32 bit floating point"},
