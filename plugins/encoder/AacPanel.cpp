@@ -39,7 +39,7 @@ void AacPanel::OnChanged(int) {
     if (channels != 0)
         text += XString(channels == 1 ? L"mono, " : L"stereo, ") + MinuteText(rate * channels / 2);
     else
-        text += L"stereo, " + MinuteText(rate) + L"; mono half of it, other channels " +
-                DecimalText(rate / 2) + L" kbit/s each";
+        text += L"stereo gets " + MinuteText(rate) + L"; mono gets " + DecimalText(rate / 2) + L", 5.1 " +
+                DecimalText(rate * 3) + L" kbit/s.";
     SetText(ID_SUMMARY, text);
 }

@@ -8,8 +8,8 @@
 namespace {
 constexpr const wchar_t* formatTexts[] = {L"As the source", L"16 bit", L"24 bit"};
 constexpr const wchar_t* summaries[] = {
-    L"Sources of up to 24 bit are kept bit by bit; what is more, and floating point, becomes 24 bit, and "
-    L"what was coded with loss 16 bit.",
+    L"Sources of up to 24 bit are kept bit by bit. More bits and floating point become 24 bit; what was "
+    L"coded with loss becomes 16 bit.",
     L"Every file gets 16 bit: sources of more bits lose some of them.",
     L"Every file gets 24 bit: sources of up to 24 bit are kept bit by bit."};
 static_assert(std::size(formatTexts) == std::size(AlacOption::formatWords));

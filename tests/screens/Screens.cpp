@@ -140,6 +140,8 @@ constexpr Screen screens[] = {
     {"setup-wave", [] { ShowSetup(L"Wave", HoldForPicture); }},
     {"setup-aiff", [] { ShowSetup(L"AIFF", HoldForPicture); }},
     {"setup-wave64", [] { ShowSetup(L"Wave64", HoldForPicture); }},
+    {"setup-aac", [] { ShowSetup(L"m4a AAC", HoldForPicture); }},
+    {"setup-alac", [] { ShowSetup(L"ALAC", HoldForPicture); }},
     {"setup-test", [] { ShowSetup(L"Test Conversion", HoldForPicture); }},
     {"setup-flac", [] { ShowSetup(L"FLAC", HoldForPicture); }},
     {"setup-mp3", [] { ShowSetup(L"mp3 (Lame)", HoldForPicture); }},
