@@ -6,9 +6,10 @@ namespace {
 constexpr int mostDigits = 9;
 
 bool IsNumber(const XString& text) {
-    if (text.IsEmpty() || text.Count() > mostDigits)
+    const int first = text.CharAt(1) == L'-' ? 2 : 1;
+    if (text.Count() < first || text.Count() > mostDigits)
         return false;
-    for (int i = 1; i <= text.Count(); ++i)
+    for (int i = first; i <= text.Count(); ++i)
         if (text.CharAt(i) < L'0' || text.CharAt(i) > L'9')
             return false;
     return true;

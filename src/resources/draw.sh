@@ -21,6 +21,7 @@ gradients=(
     'teal #7CCBC1 #378E85'
     'violet #B4AEE2 #6F64B0'
     'rose #E3A3BE #B25C80'
+    'green #A9D18E #5E9A46'
     'slate #A5B3C3 #667A90'
     'paper #FFFFFF #E9F0F9'
     'grey #F7F7F7 #E2E2E2'

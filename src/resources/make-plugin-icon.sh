@@ -70,6 +70,23 @@ Mp3() {
         'ellipse 105,104 18,14 0,360'
 }
 
+# A spectrum, loud below and soft above.
+Vorbis() {
+    Tile amber '#B98A35'
+    Fill white "path 'M 26,130 L 26,52 C 46,28 60,34 72,62 C 84,88 104,78 134,116 L 134,130 Z'"
+}
+
+# Bars packed tightly into a frame.
+WavPack() {
+    Tile green '#4C7E38'
+    local x
+    Line white $((n <= 20 ? 11 : 8)) "path 'M 52,34 L 32,34 L 32,126 L 52,126'" \
+        "path 'M 108,34 L 128,34 L 128,126 L 108,126'"
+    for x in 50 70 90; do
+        Bar $((x + 5)) $((x == 70 ? 40 : 60)) $((x + 15)) $((x == 70 ? 120 : 100)) white
+    done
+}
+
 # Rings of a voice.
 Opus() {
     Tile rose '#9A4468'

@@ -65,4 +65,28 @@ for mode in vbr cvbr cbr; do
     [ "$size" -gt 30000 ] && [ "$size" -lt 75000 ] || fail "$mode gives $size bytes"
 done
 opusinfo "$work/cbr/six.opus" | grep -q hard-CBR || fail "cbr is not constant"
+
+convert --to 'Ogg Vorbis' --out "$work/vorbis" "$work"/in/*
+expect_converted 7 0
+for row in cd:123457 high:200001 phone:12345 tiny:1 six:96001 eight:96001; do
+    name=${row%:*}
+    ogginfo "$work/vorbis/$name.ogg" >"$work/info.txt" || { fail "ogginfo refuses $name"; cat "$work/info.txt"; }
+    oggdec -Q -o "$work/$name.wav" "$work/vorbis/$name.ogg"
+    [ "$(soxi -s "$work/$name.wav")" = "${row#*:}" ] || fail "$name has $(soxi -s "$work/$name.wav") frames"
+done
+# oggdec leaves channels in Vorbis's order, ffmpeg puts them in that of wave files.
+for name in six eight; do
+    ffmpeg -v error -i "$work/vorbis/$name.ogg" -y "$work/$name.wav"
+done
+expect_tones "$work/six.wav" "${surround[@]}"
+expect_tones "$work/eight.wav" "${surround[@]}" 1900 2200
+vorbiscomment -R -l "$work/vorbis/tags.ogg" >"$work/info.txt"
+expect_comments "$work/info.txt"
+grep -q "REPLAYGAIN_TRACK_GAIN=-3.21 dB" "$work/info.txt" || fail "the gain is lost"
+expect_cover "$work/vorbis/tags.ogg"
+convert --to 'Ogg Vorbis' --settings '-abr="96"' --out "$work/abr" "$work/in/six.wav"
+expect_converted 1 0
+convert --to 'Ogg Vorbis' --settings '-quality="-1"' --out "$work/low" "$work/in/six.wav"
+expect_converted 1 0
+[ "$(stat -c %s "$work/low/six.ogg")" -lt "$(stat -c %s "$work/vorbis/six.ogg")" ] || fail "quality -1 is no smaller"
 finish

@@ -23,6 +23,8 @@ constexpr EncoderRow encoders[] = {
 #ifdef TM_HAS_CODECS
     {L"FLAC", L".flac", L"-level=\"8\" -verify", L"-level=\"9\""},
     {L"ALAC", L".m4a", L"-format=\"24\"", L"-format=\"32\""},
+    {L"Ogg Vorbis", L".ogg", L"-quality=\"-1\"", L"-quality=\"2\" -abr=\"128\""},
+    {L"WavPack", L".wv", L"-mode=\"high\" -extra=\"1\" -verify", L"-mode=\"max\""},
     {L"Opus", L".opus", L"-bitrate=\"96\" -mode=\"cbr\"", L"-bitrate=\"5\""},
     {L"m4a AAC", L".m4a", L"-bitrate=\"96\" -channels=\"1\"", L"-bitrate=\"8\""},
     {L"mp3 (Lame)", L".mp3", L"-abr=\"160\" -mode=\"joint\"", L"-vbr=\"2\" -cbr=\"128\""},
@@ -149,7 +151,9 @@ TEST(EncoderContract, HostileTagsDoNoHarm) {
             block.format = &format;
             block.tagData = bytes;
             block.tagDataSize = static_cast<std::uint32_t>(size);
+            const std::int32_t sample = 0;
             EXPECT_NE(encoder.begin(encoder.instance, &block), 0);
+            EXPECT_NE(encoder.encode(encoder.instance, &sample, 1), 0);
             EXPECT_NE(encoder.end(encoder.instance, 1), 0);
         }
     }

@@ -40,6 +40,20 @@ TEST(EncoderInformation, NamesWhatIsLost) {
          L"mp3 can't hold 6 channels: they were mixed down to 2\n"
          L"mp3 can't hold 96000 Hz: the audio was brought to 48000 Hz"},
         {L"mp3 (Lame)", L"", IntegerFormat(2, 24, 44100), L"lyrics", L""},
+        {L"Ogg Vorbis", L"-abr=\"500\"", IntegerFormat(1, 24, 8000), L"b=d",
+         L"Ogg Vorbis can't hold this audio at 250 kbit/s: it was written at 42 kbit/s\n"
+         L"Ogg Vorbis can't hold these tags of the source: b=d"},
+        {L"Ogg Vorbis", L"", IntegerFormat(2, 24, 352800), L"own key",
+         L"Ogg Vorbis can't hold 352800 Hz: the audio was brought to 176400 Hz"},
+        {L"Ogg Vorbis", L"-abr=\"128\"", IntegerFormat(2, 24, 88200), L"own key",
+         L"Ogg Vorbis with an average bit rate can't hold 88200 Hz: the audio was brought to 44100 Hz"},
+        {L"Ogg Vorbis", L"", IntegerFormat(1, 8, 4000), L"own key",
+         L"Ogg Vorbis can't hold 4000 Hz: the audio was brought to 8000 Hz"},
+        {L"WavPack", L"", FloatFormat(2, 192000), L"id3",
+         L"WavPack can't hold these tags of the source: id3"},
+        {L"Opus", L"", IntegerFormat(3, 24, 96000), L"replaygain_track_peak",
+         L"Opus can't hold 96000 Hz: the audio was brought to 48000 Hz\n"
+         L"Opus can't hold these tags of the source: replaygain_track_peak"},
 #endif
     };
     for (const InformationRow& row : rows) {

@@ -36,8 +36,24 @@ TEST(OpusEncoder, TellsTheExactLength) {
             }
 }
 
+TEST(VorbisEncoder, TellsTheExactLength) {
+    EncoderDriver encoder(L"Ogg Vorbis");
+    ASSERT_NE(encoder.instance, nullptr);
+    for (const wchar_t* settings : {L"-quality=\"0\"", L"-abr=\"64\""})
+        for (const std::uint32_t frequency :
+             {48000u, 8000u, 44100u, 12345u, settings[1] == L'q' ? 192000u : 32000u})
+            for (const std::size_t frames : frameCounts)
+                for (const int channels : {1, 2, 6}) {
+                    SCOPED_TRACE(testing::Message() << frames << " at " << frequency << ", " << channels);
+                    const AudioFormatRecord format = IntegerFormat(channels, 16, frequency);
+                    ASSERT_TRUE(encoder.Convert(format, TestSignal(format, frames), settings))
+                        << testing::PrintToString(encoder.LastError());
+                    EXPECT_EQ(LastGranule(encoder.bytes), frames);
+                }
+}
+
 TEST(OggEncoders, RefuseWhatTheyHaveNoPlacesFor) {
-    for (const wchar_t* name : {L"Opus"}) {
+    for (const wchar_t* name : {L"Opus", L"Ogg Vorbis"}) {
         EncoderDriver encoder(name);
         const AudioFormatRecord wide = IntegerFormat(9, 16, 48000);
         EXPECT_FALSE(encoder.Convert(wide, TestSignal(wide, 10)));

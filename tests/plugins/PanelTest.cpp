@@ -28,8 +28,11 @@ constexpr wchar_t alac[] = L"encoder\\ALAC";
 constexpr wchar_t flac[] = L"encoder\\FLAC";
 constexpr wchar_t mp3[] = L"encoder\\mp3 (Lame)";
 constexpr wchar_t opus[] = L"encoder\\Opus";
-constexpr const wchar_t* libraries[] = {wave, aiff,   wave64,   test,       aac,      alac, flac, mp3,
-                                        opus, report, playlist, processors, channels, trim, fade, removal};
+constexpr wchar_t vorbis[] = L"encoder\\Ogg Vorbis";
+constexpr wchar_t wavpack[] = L"encoder\\WavPack";
+constexpr const wchar_t* libraries[] = {wave,     aiff,       wave64,   test,   aac,     alac,
+                                        flac,     mp3,        opus,     vorbis, wavpack, report,
+                                        playlist, processors, channels, trim,   fade,    removal};
 #else
 constexpr const wchar_t* libraries[] = {wave,       aiff,     wave64, test, report, playlist,
                                         processors, channels, trim,   fade, removal};
@@ -121,6 +124,14 @@ constexpr PassRow passRows[] = {
     {mp3, L"-abr=\"999\" -cbr=\"x\" -vbr=\"1\"", L"-abr=\"310\""},
     {mp3, L"-cbr -abr -mode=\"quad\"", L""},
     {mp3, L"-q=\"0\" -vbr=\"4\"", nullptr, true},
+    {vorbis, L"-quality=\"-1\""},
+    {vorbis, L"-abr=\"100\""},
+    {vorbis, L"-quality=\"3\" -abr=\"9\"", L"-abr=\"16\""},
+    {vorbis, L"-quality=\"5\""},
+    {vorbis, L"-quality=\"x\"", L""},
+    {wavpack, L"-mode=\"Fast\" -extra=\"6\" -verify"},
+    {wavpack, L"-mode=\"normal\""},
+    {wavpack, L"-mode=\"max\" -extra=\"7\"", L"-extra=\"6\""},
     {opus, L"-bitrate=\"100\" -mode=\"CBR\" -complexity=\"0\""},
     {opus, L"-bitrate=\"1\" -mode=\"abr\" -complexity=\"11\"", L"-bitrate=\"6\""},
 #endif
@@ -195,6 +206,17 @@ constexpr ChangeRow changeRows[] = {
      L"Average bit rate: about 112 kbit/s, stereo"},
     {mp3, L"", ID_MP3_MODE, nullptr, VK_END, 1, L"-mode=\"mono\"",
      L"Variable bit rate, very high quality: about 114 kbit/s, mono"},
+    {vorbis, L"", ID_VORBIS_QUALITY, nullptr, VK_LEFT, 6, L"-quality=\"-1\"",
+     L"Quality -1, lowest: about 48 kbit/s for stereo, 24 for mono"},
+    {vorbis, L"", ID_VORBIS_ABR_KIND, nullptr, 0, 1, L"-abr=\"192\"",
+     L"Average bit rate: about 192 kbit/s for stereo, 96 for mono"},
+    {vorbis, L"-abr=\"500\"", ID_VORBIS_QUALITY_KIND, nullptr, 0, 1, L""},
+    {wavpack, L"", ID_WAVPACK_MODE, nullptr, VK_UP, 1, L"-mode=\"fast\""},
+    {wavpack, L"", ID_WAVPACK_EXTRA, nullptr, VK_RIGHT, 2, L"-extra=\"2\""},
+    {wavpack, L"-mode=\"high\" -extra=\"1\"", ID_WAVPACK_VERIFY, nullptr, 0, 1,
+     L"-mode=\"high\" -extra=\"1\" -verify",
+     L"Keeps the sound bit by bit, floating point too; slower to play. A file that does not "
+     L"decode to its source counts as failed."},
     {opus, L"", ID_OPUS_RATE, nullptr, VK_UP, 3, L"-bitrate=\"80\"",
      L"Stereo gets about 80 kbit/s, mono 40, 5.1 240. Good for music to go."},
     {opus, L"", ID_OPUS_MODE, nullptr, VK_END, 1, L"-mode=\"cbr\"",
