@@ -47,7 +47,8 @@ ByteVector PictureBlock(const TagPicture& picture) {
     block.Raw(picture.mime.data(), picture.mime.size());
     block.Big(description.size(), 4);
     block.Raw(description.data(), description.size());
-    block.Big(0, 16);
+    block.Big(0, 8);
+    block.Big(0, 8);
     block.Big(picture.size, 4);
     block.Raw(picture.bytes, picture.size);
     return std::move(block.out);
