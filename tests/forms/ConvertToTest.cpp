@@ -294,7 +294,7 @@ TEST_F(ConvertTo, HoldsNoHandlesOfEarlierShowings) {
     const HandleReach before;
     showSome(20);
     const HandleReach after;
-    ExpectNothingLeft(before, after, 50);
+    ExpectNothingLeft(before, after, 20);
 }
 
 } // namespace
