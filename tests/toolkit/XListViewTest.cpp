@@ -80,12 +80,12 @@ protected:
         keys[VK_CONTROL] = 0;
         SetKeyboardState(keys);
     }
-    // A character per row: x checked, capital or dash when selected.
+    // A character per row: o checked, capital or dash when selected.
     XString Rows() const {
         XString rows;
         for (int row = 0; row < list.RowCount(); ++row) {
             const bool isSelected = ListView_GetItemState(list.List, row, LVIS_SELECTED) != 0;
-            rows += list.IsChecked(row) ? (isSelected ? L"X" : L"x") : (isSelected ? L"-" : L".");
+            rows += list.IsChecked(row) ? (isSelected ? L"O" : L"o") : (isSelected ? L"-" : L".");
         }
         return rows;
     }
@@ -93,9 +93,9 @@ protected:
         const XListUpdate update(list);
         for (int row = 0; row < rows.Count(); ++row) {
             const wchar_t ch = rows.CharAt(row + 1);
-            const bool isSelected = ch == L'X' || ch == L'-';
+            const bool isSelected = ch == L'O' || ch == L'-';
             ListView_SetItemState(list.List, row, isSelected ? LVIS_SELECTED : 0, LVIS_SELECTED);
-            list.SetChecked(row, ch == L'X' || ch == L'x');
+            list.SetChecked(row, ch == L'O' || ch == L'o');
         }
     }
     HWND LabelEdit() const { return ListView_GetEditControl(list.List); }
@@ -115,11 +115,11 @@ TEST_F(XListViewTest, CheckClickGoesForAllSelectedRows) {
         UINT message = WM_LBUTTONDOWN;
     };
     const Row rows[] = {
-        {asMade, L"---.", 1, 8, L"XXX."},     {asMade, L"-X-x", 1, 8, L"---x"},
-        {asMade, L"--..", 3, 8, L"...X"},     {asMade, L"--.x", 3, 20, L"...-"},
-        {asMade, L"--..", 1, 22, L".-.."},    {asMade, L"-X..", 0, 8, L"XX..", WM_LBUTTONDBLCLK},
+        {asMade, L"---.", 1, 8, L"OOO."},     {asMade, L"-O-o", 1, 8, L"---o"},
+        {asMade, L"--..", 3, 8, L"...O"},     {asMade, L"--.o", 3, 20, L"...-"},
+        {asMade, L"--..", 1, 22, L".-.."},    {asMade, L"-O..", 0, 8, L"OO..", WM_LBUTTONDBLCLK},
         {scrolled, L"--..", 0, 8, L"-..."},   {reordered, L"--..", 0, 8, L"-..."},
-        {reordered, L"--..", 0, 78, L"XX.."}, {reordered, L"--..", 0, 69, L"-..."},
+        {reordered, L"--..", 0, 78, L"OO.."}, {reordered, L"--..", 0, 69, L"-..."},
     };
     for (const Row& row : rows) {
         int order[] = {0, 1, 2};
@@ -135,17 +135,17 @@ TEST_F(XListViewTest, CheckClickGoesForAllSelectedRows) {
     ListView_SetExtendedListViewStyle(list.List, LVS_EX_FULLROWSELECT);
     SetRows(L"--..");
     Click(0, 8);
-    EXPECT_EQ(Rows().Left(1).FindChar(L'X'), 0);
+    EXPECT_EQ(Rows().Left(1).FindChar(L'O'), 0);
 }
 
 TEST_F(XListViewTest, KeysGoForAllSelectedRows) {
     SetRows(L".---");
     ListView_SetItemState(list.List, 1, LVIS_FOCUSED, LVIS_FOCUSED);
     Key(VK_SPACE);
-    EXPECT_EQ(Rows(), XString(L".XXX"));
+    EXPECT_EQ(Rows(), XString(L".OOO"));
     ListView_SetItemState(list.List, 0, LVIS_FOCUSED, LVIS_FOCUSED);
     Key(VK_SPACE); // beside the selection
-    EXPECT_EQ(Rows(), XString(L"Xxxx"));
+    EXPECT_EQ(Rows(), XString(L"Oooo"));
     list.Take();
     Key('A');
     EXPECT_EQ(list.Take(), XString());
