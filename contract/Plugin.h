@@ -209,6 +209,10 @@ typedef void (*DspDestroy)(ZtInstance);
 //                            ("file1_in", "file1_out", "file1_conversionhaderrors", "file2_in"...),
 //                            text1 own settings, text2 encoder settings, text3 encoder name. In
 //                            Tonemill, once per batch, after the last worker has ended.
+//       "Tags"               data and dataSize image of the tags that the chain delivers so far; non-zero
+//                            if the effect has changed them, data and dataSize being its own image then.
+//                            In the worker, once, when all first passes are over: for tags that tell
+//                            what they found.
 //       "Last Error"         text1: why the last Begin, Pass or End failed
 typedef std::int32_t (*DspGet)(ZtInstance, const wchar_t* key, PluginParams*);
 typedef std::int32_t (*DspSet)(ZtInstance, const wchar_t* key, PluginParams*); // no keys yet: 0

@@ -210,6 +210,8 @@ clStep Conversion::Convert() {
     clStep step = Prepare(effects.Count());
     if (step != stepGood)
         return step;
+    if (!effects.CollectTags())
+        return stepFailed;
     if (passes > 1)
         reporter.Message(ZtWorker::keyAction, actionConverting);
     EncoderSink sink(*this);

@@ -45,16 +45,39 @@ EffectChainRunner::Answer EffectChainRunner::BeginOne(Effect& effect) {
         return Answer::failed;
     }
     effect.wantsFirstPass = block.wantsNonLive != 0;
-    tagData = block.tagData;
-    tagDataSize = block.tagData ? block.tagDataSize : 0;
-    if (tagDataSize != 0 && tagData != effect.inputTags) {
-        if (!effect.ownTags.Set(tagData, tagDataSize)) {
-            Error(effect, L"delivers more tags than the memory holds");
-            return Answer::failed;
-        }
-        tagData = effect.ownTags.data;
-    }
+    if (!TakeTags(effect, block.tagData, block.tagDataSize))
+        return Answer::failed;
     return Answer::takesAudio;
+}
+
+// The effect's image lives until its next call only, so it is copied.
+bool EffectChainRunner::TakeTags(Effect& effect, const void* image, std::uint32_t size) {
+    if (!image)
+        size = 0;
+    if (size != 0 && image != tagData) {
+        XBuffer copy; // `image` may be older tags of this effect
+        if (!copy.Set(image, size)) {
+            Error(effect, L"delivers more tags than the memory holds");
+            return false;
+        }
+        effect.ownTags = std::move(copy);
+        image = effect.ownTags.data;
+    }
+    tagData = image;
+    tagDataSize = size;
+    return true;
+}
+
+bool EffectChainRunner::CollectTags() {
+    for (Effect& effect : effects) {
+        PluginParams params{};
+        params.data = tagData;
+        params.dataSize = tagDataSize;
+        if (effect.library.AskGet(ZtKey::tags, params) != 0 &&
+            !TakeTags(effect, params.data, params.dataSize))
+            return false;
+    }
+    return true;
 }
 
 bool EffectChainRunner::Begin(const AudioFormatRecord& source, const XBuffer& tags) {

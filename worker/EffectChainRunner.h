@@ -32,6 +32,8 @@ public:
     [[nodiscard]] bool Run(int count, const void* frames, std::uint32_t frameCount, FrameSink& sink);
     // After the last frames: what those effects still hold.
     [[nodiscard]] clStep Flush(int count, FrameSink& sink, Lifeline& lifeline);
+    // When all first passes are over: lets the effects say in tags what they have found.
+    [[nodiscard]] bool CollectTags();
     // Frames, or null at the end, for the effect's first pass.
     [[nodiscard]] bool RunFirstPass(int index, const void* frames, std::uint32_t frameCount);
     // The first `count` effects anew, after they ran for the first pass of one behind them.
@@ -58,6 +60,7 @@ private:
     };
     enum class Answer { takesAudio, passesOver, failed };
     [[nodiscard]] Answer BeginOne(Effect& effect);
+    [[nodiscard]] bool TakeTags(Effect& effect, const void* image, std::uint32_t size);
     [[nodiscard]] bool Feed(int index, int count, const void* frames, std::uint32_t frameCount,
                             FrameSink& sink);
     void Error(const Effect& effect, const wchar_t* what); // with the effect's own words

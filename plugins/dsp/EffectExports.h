@@ -16,6 +16,9 @@ public:
         block.outputFrames = block.inputFrames;
         return true;
     }
+    // A first pass over the file, if Begin set wantsNonLive.
+    bool PassNonLive(const DspAudioBlock&) { return true; }
+    bool ChangeTags(PluginParams&) { return false; } // the key "Tags"
     bool End(DspAudioBlock& block) {
         block.output = nullptr;
         block.outputFrames = 0;
@@ -29,12 +32,24 @@ public:
 
 // An effect whose audio a portable class does, Core. Its Begin(settings, format) answers as the export
 // and fits the format to what it will deliver; Pass and End take one block; `error` says what failed.
+// A core that may want a first pass has WantsFirstPass, asked after Begin, and FirstPass(block).
 template <class Core, class Panel>
 class StreamEffect : public EffectBase {
 public:
     std::int32_t Begin(DspBeginBlock& block) {
         core = Core();
-        return block.format ? Noted(core.Begin(block.settings, *block.format)) : -1;
+        if (!block.format)
+            return -1;
+        const std::int32_t answer = Noted(core.Begin(block.settings, *block.format));
+        if constexpr (requires { core.WantsFirstPass(); })
+            block.wantsNonLive = answer > 0 && core.WantsFirstPass() ? 1 : 0;
+        return answer;
+    }
+    bool PassNonLive(const DspAudioBlock& block) {
+        if constexpr (requires { core.FirstPass(block); })
+            return Noted(core.FirstPass(block));
+        else
+            return true;
     }
     bool Pass(DspAudioBlock& block) { return Noted(core.Pass(block)); }
     bool End(DspAudioBlock& block) { return Noted(core.End(block)); }
@@ -59,6 +74,8 @@ std::int32_t GetEffectKey(Effect& effect, const wchar_t* key, PluginParams& para
         effect.lastError.Clear();
         return effect.EndBatch(params) ? 1 : 0;
     }
+    if (name == ZtKey::tags)
+        return effect.ChangeTags(params) ? 1 : 0;
     if (name == ZtKey::lastError && !effect.lastError.IsEmpty()) {
         params.text1 = effect.lastError;
         return 1;
@@ -97,8 +114,9 @@ std::int32_t GetEffectKey(Effect& effect, const wchar_t* key, PluginParams& para
         return GuardedCall<Effect>(instance, 0,                                                              \
                                    [&](Effect& effect) { return block && effect.Pass(*block) ? 1 : 0; });    \
     }                                                                                                        \
-    ZT_EXPORT std::int32_t DSP_PassNonLive(ZtInstance, DspAudioBlock*) noexcept {                            \
-        return 1;                                                                                            \
+    ZT_EXPORT std::int32_t DSP_PassNonLive(ZtInstance instance, DspAudioBlock* block) noexcept {             \
+        return GuardedCall<Effect>(                                                                          \
+            instance, 0, [&](Effect& effect) { return block && effect.PassNonLive(*block) ? 1 : 0; });       \
     }                                                                                                        \
     ZT_EXPORT std::int32_t DSP_EndConversion(ZtInstance instance, DspAudioBlock* block) noexcept {           \
         return GuardedCall<Effect>(instance, 0,                                                              \
