@@ -34,9 +34,10 @@ while [ $# -gt 0 ]; do
 done
 
 [ -n "${TM_SKIP_BUILD:-}" ] || "$root/build.sh"
-if [ ! -e "$root/build/Tonemill/encoder/$encoder.dll" ]; then
+program=$(realpath "${TM_PROGRAM_FOLDER:-$root/build/Tonemill}")
+if [ ! -e "$program/encoder/$encoder.dll" ]; then
     echo "convert.sh: no encoder '$encoder'; there are:" >&2
-    ls "$root/build/Tonemill/encoder" | sed -n 's/\.dll$//p' >&2
+    ls "$program/encoder" | sed -n 's/\.dll$//p' >&2
     exit 2
 fi
 if [ ${#files[@]} = 0 ]; then
@@ -47,7 +48,7 @@ out=$(realpath -ms -- "$out") # the run goes on in another folder
 
 . "$root/scripts/wine-env.sh"
 mkdir -p "$tm_wine"
-exec 9>"$root/build/.convert.lock"
+exec 9>"$tm_wine.lock"
 flock 9 # the recipe in the registry is one per prefix
 clean_up() {
     rm -rf "$job/out" # outputs that nobody took
@@ -89,7 +90,7 @@ key='HKEY_CURRENT_USER\Software\Vantrel\Zephtone'
     printf '"ZTMDSPEffects"="%s"\n' "$(registry_text "$chain")"
     printf '"zTM_CLI"="%s"\n' "$(registry_text "$settings")"
 } | { printf '\xff\xfe'; iconv -f UTF-8 -t UTF-16LE; } >"$job/recipe.reg"
-cd "$root/build/Tonemill"
+cd "$program"
 tm_with_home wine regedit /S 'C:\tonemill-job\recipe.reg' </dev/null >/dev/null 2>&1
 # As two words each, since Wine puts quotes around a whole word and not around a value in it.
 tm_with_home wine Tonemill.exe -list_to_conv 'C:\tonemill-job\list.txt' -conv_to_format "$encoder" \

@@ -15,7 +15,7 @@ printf 'older, too' >"$work/expected/2renamed.wav"
 
 . "$root/scripts/wine-env.sh"
 [ -n "${TM_WINE_RUNNING:-}" ] || tm_start_wine
-exec 9>"$root/build/.convert.lock"
+exec 9>"$tm_wine.lock"
 flock 9 # the recipe in the registry is one per prefix
 job=$WINEPREFIX/drive_c/tonemill-job
 program=
@@ -43,7 +43,7 @@ Windows Registry Editor Version 5.00
 "ZTMDSPEffects"="-dspeffect1=\"Multi-CPU Force=-cpu1\""
 "zTM_CLI"=""
 REG
-cd "$root/build/Tonemill" || exit 1
+cd "${TM_PROGRAM_FOLDER:-$root/build/Tonemill}" || exit 1
 tm_with_home wine regedit /S 'C:\tonemill-job\recipe.reg' </dev/null >/dev/null 2>&1
 HOME=$tm_wine/home wine Tonemill.exe -list_to_conv 'C:\tonemill-job\list.txt' -conv_to_format Wave \
     -skip_ready_to_conv </dev/null >/dev/null 2>&1 9>&- &
