@@ -7,6 +7,10 @@ if(WIN32)
     add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
     add_link_options(-static -static-libgcc -static-libstdc++ -fstack-protector-strong)
     add_compile_options(-fstack-protector-strong)
+    # What is built depends on the sources alone: not on the time, nor on the folders of a machine. Of the
+    # libraries of the compiler the program would keep their debug information.
+    add_link_options(-Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s>)
+    add_compile_options("-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=")
     set(CMAKE_RC_FLAGS "-c 65001")
     set(CMAKE_SHARED_LIBRARY_PREFIX "")
 else()
