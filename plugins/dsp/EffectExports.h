@@ -24,7 +24,7 @@ public:
         block.outputFrames = 0;
         return true;
     }
-    void After() {}
+    void After(bool /*failed*/) {}
     bool EndBatch(const PluginParams&) { return true; }
 
     XString lastError;
@@ -53,7 +53,7 @@ public:
     }
     bool Pass(DspAudioBlock& block) { return Noted(core.Pass(block)); }
     bool End(DspAudioBlock& block) { return Noted(core.End(block)); }
-    void After() { core = Core(); }
+    void After(bool) { core = Core(); }
 
     Panel panel;
 
@@ -122,9 +122,9 @@ std::int32_t GetEffectKey(Effect& effect, const wchar_t* key, PluginParams& para
         return GuardedCall<Effect>(instance, 0,                                                              \
                                    [&](Effect& effect) { return block && effect.End(*block) ? 1 : 0; });     \
     }                                                                                                        \
-    ZT_EXPORT void DSP_AfterConversion(ZtInstance instance, std::int32_t) noexcept {                         \
+    ZT_EXPORT void DSP_AfterConversion(ZtInstance instance, std::int32_t failed) noexcept {                  \
         GuardedCall<Effect>(instance, 0, [&](Effect& effect) {                                               \
-            effect.After();                                                                                  \
+            effect.After(failed != 0);                                                                       \
             return 1;                                                                                        \
         });                                                                                                  \
     }
