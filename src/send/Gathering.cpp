@@ -1,0 +1,133 @@
+// The mutex guards the spool and the event. The event exists exactly while a collector waits: who finds
+// it under the mutex knows that the spool will be read after him.
+#include "send/Gathering.h"
+
+#include "foundation/XFile.h"
+#include "foundation/XFileSystem.h"
+#include "foundation/XHandles.h"
+#include "foundation/XPath.h"
+#include "host/HandOff.h"
+#include "host/ListFile.h"
+#include "send/SendText.h"
+
+#include <algorithm>
+
+namespace {
+
+// One turn at the spool. A process that died in its turn leaves it to the next.
+class clTurn {
+public:
+    clTurn(HANDLE mutex, DWORD timeoutMs) : mutex(mutex) {
+        const DWORD answer = WaitForSingleObject(mutex, timeoutMs);
+        isTaken = answer == WAIT_OBJECT_0 || answer == WAIT_ABANDONED;
+    }
+    ~clTurn() {
+        if (isTaken)
+            ReleaseMutex(mutex);
+    }
+    clTurn(const clTurn&) = delete;
+    clTurn& operator=(const clTurn&) = delete;
+    [[nodiscard]] bool IsTaken() const { return isTaken; }
+
+private:
+    HANDLE mutex;
+    bool isTaken;
+};
+
+bool AppendText(XFile& file, const XString& text) {
+    LARGE_INTEGER end{};
+    if (!SetFilePointerEx(file.handle, {}, &end, FILE_END))
+        return false;
+    const auto bytes = static_cast<DWORD>(text.Count() * static_cast<int>(sizeof(wchar_t)));
+    if (file.Write(text.Text(), bytes))
+        return true;
+    // A full disk: what this process can't hand over whole it keeps.
+    if (SetFilePointerEx(file.handle, end, nullptr, FILE_BEGIN))
+        SetEndOfFile(file.handle);
+    return false;
+}
+
+bool AppendToSpool(const XString& path, DWORD disposition, const XString& text) {
+    XFile spool(path);
+    return spool.Open(GENERIC_WRITE, disposition, false, false) && AppendText(spool, text);
+}
+
+void WaitForQuiet(HANDLE arrival, const clGatheringPlace& place) {
+    const ULONGLONG start = GetTickCount64();
+    for (;;) {
+        const ULONGLONG elapsed = GetTickCount64() - start;
+        if (elapsed >= place.longestMs)
+            return;
+        const auto wait = std::min<ULONGLONG>(place.quietMs, place.longestMs - elapsed);
+        if (WaitForSingleObject(arrival, static_cast<DWORD>(wait)) != WAIT_OBJECT_0)
+            return;
+    }
+}
+
+// False: the spool is unreadable, and `paths` stays as it is.
+bool TakeSpool(const XString& path, XStringArray& paths) {
+    XBuffer content;
+    XStringArray lines;
+    const bool isRead = ReadWholeFile(path, content) && ParseListFile(content.data, content.size, lines);
+    DeleteOneFile(path);
+    if (!isRead)
+        return false;
+    paths.Clear();
+    PathsOfSpool(lines, paths);
+    return true;
+}
+
+// FNV-1a, 64 bits.
+std::uint64_t HashOf(const XString& text) {
+    std::uint64_t hash = 0xcbf29ce484222325u;
+    for (int at = 1; at <= text.Count(); ++at)
+        hash = (hash ^ text.CharAt(at)) * 0x100000001b3u;
+    return hash;
+}
+
+} // namespace
+
+clGatheringPlace UsualGatheringPlace(const XString& programFolder) {
+    clGatheringPlace place;
+    XString hash;
+    hash.ToHex(HashOf(programFolder.Lower()));
+    place.name = L"ZtSend-" + hash;
+    DWORD session = 0;
+    ProcessIdToSessionId(GetCurrentProcessId(), &session);
+    // Not in the temporary folder: two processes may be told of different ones.
+    place.spool = FolderOf(HandOffPath()) + place.name + L"-" + DecimalText(session) + L".tmp";
+    return place;
+}
+
+clGathered GatherPaths(const clGatheringPlace& place, std::uint64_t startTime, XStringArray& paths) {
+    const XString eventName = place.name + L"-collects";
+    const XKernelHandle mutex(CreateMutexW(nullptr, FALSE, place.name));
+    if (!mutex.IsValid())
+        return clGathered::alone;
+    const XString text = SpoolText(startTime, paths);
+    XKernelHandle arrival;
+    {
+        const clTurn turn(mutex.Get(), place.busyMs);
+        if (!turn.IsTaken())
+            return clGathered::alone;
+        const XKernelHandle others(OpenEventW(EVENT_MODIFY_STATE, FALSE, eventName));
+        if (others.IsValid()) {
+            if (!AppendToSpool(place.spool, OPEN_EXISTING, text))
+                return clGathered::alone;
+            SetEvent(others.Get());
+            return clGathered::handedOver;
+        }
+        MakeFolders(FolderOf(place.spool));
+        // A spool that lies there without a collector is left from one that was killed.
+        if (!AppendToSpool(place.spool, CREATE_ALWAYS, text))
+            return clGathered::alone;
+        arrival.Reset(CreateEventW(nullptr, FALSE, FALSE, eventName));
+        if (!arrival.IsValid())
+            return clGathered::alone;
+    }
+    WaitForQuiet(arrival.Get(), place);
+    // Others hold their turns for a moment only, and their paths wait here.
+    const clTurn turn(mutex.Get(), INFINITE);
+    arrival.Reset();
+    return TakeSpool(place.spool, paths) ? clGathered::complete : clGathered::alone;
+}

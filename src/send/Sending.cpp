@@ -1,0 +1,73 @@
+#include "send/Sending.h"
+
+#include "foundation/XFile.h"
+#include "foundation/XFileSystem.h"
+#include "foundation/XHandles.h"
+#include "foundation/XPath.h"
+#include "foundation/XTempFile.h"
+#include "host/DecoderCatalogue.h"
+#include "host/DroppedFiles.h"
+#include "send/SendText.h"
+
+namespace {
+
+constexpr wchar_t program[] = L"Tonemill.exe";
+constexpr ULONGLONG takeLimitMs = 60000;
+constexpr DWORD pollMs = 50;
+
+void FilesOf(const XStringArray& paths, XStringArray& found) {
+    XStringArray extensions;
+    EnumerateDecoders(false, &extensions, nullptr);
+    clFileList files;
+    AddDroppedFiles(files, paths, extensions);
+    for (const clFileItem& file : files)
+        found.AddString(file.sourcePath);
+}
+
+bool WriteList(const XString& path, const XStringArray& files) {
+    const XString text = ListText(files);
+    XFile file(path);
+    return file.Open(GENERIC_WRITE, CREATE_ALWAYS, false, false) &&
+           file.Write(text.Text(), static_cast<DWORD>(text.Count() * static_cast<int>(sizeof(wchar_t))));
+}
+
+XKernelHandle StartWithList(const XString& programFolder, const XString& list) {
+    XString commandLine = Quote(programFolder + program) + L" -list_to_conv=" + Quote(list);
+    STARTUPINFOW start{};
+    start.cb = sizeof(start);
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(nullptr, commandLine.Buffer(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                        &process))
+        return XKernelHandle();
+    CloseHandle(process.hThread);
+    return XKernelHandle(process.hProcess);
+}
+
+// Tonemill deletes the list that it takes, and leaves the one that it gives to a form that is there.
+void WaitUntilTaken(HANDLE process, const XString& list) {
+    const ULONGLONG start = GetTickCount64();
+    while (IsFile(list) && GetTickCount64() - start < takeLimitMs)
+        if (WaitForSingleObject(process, pollMs) == WAIT_OBJECT_0)
+            return;
+}
+
+} // namespace
+
+clSent SendToTonemill(const XString& programFolder, const XStringArray& paths) {
+    XStringArray files;
+    FilesOf(paths, files);
+    if (files.IsEmpty())
+        return clSent::nothingToConvert;
+    XTempFile list;
+    if (!list.MakeNew(L"ZtS") || !WriteList(list, files))
+        return clSent::failed;
+    // The user clicked in Explorer: what is started here may come to the front in its place.
+    AllowSetForegroundWindow(ASFW_ANY);
+    const XKernelHandle process = StartWithList(programFolder, list);
+    if (!process.IsValid())
+        return clSent::failed;
+    WaitUntilTaken(process.Get(), list);
+    if (!IsFile(list))
+        list.Clear(); // gone, and perhaps another's by now
+    return clSent::sent;
+}
