@@ -147,6 +147,16 @@ MultiCpu() {
     Box 55 55 105 105 4 'url(#amber)' '#B98A35'
 }
 
+# A wave and the samples that it is made of anew.
+Resample() {
+    Line "$mist" $w "path 'M 10,80 C 30,10 60,10 80,80 C 100,150 130,150 150,80'"
+    local x y
+    while read -r x y; do
+        Line '#C94842' $((n <= 20 ? 9 : 7)) "line $x,80 $x,$y"
+        Fill "$deep" "ellipse $x,$y 11,11 0,360"
+    done <<< $'28 46\n62 42\n98 118\n132 114'
+}
+
 Trim() {
     Line "$mist" $w 'line 8,80 152,80'
     local x half
