@@ -17,5 +17,7 @@ cmake --build build/windows --target "${@:-program}" | { grep -E 'FAILED|error|w
 mkdir -p build/Tonemill
 cp -ru build/windows/Tonemill/. build/Tonemill/
 cp -u "$codecs"/bin/*.dll build/Tonemill/
+mkdir -p build/Tonemill/Help
+cp -ru help/zTM build/Tonemill/Help/
 mkdir -p build/Tonemill/licences
 cp -ru "$codecs"/share/licences/. build/Tonemill/licences/
