@@ -30,9 +30,13 @@ void OpenDocument(const XString& target) {
 }
 
 XString ChooseFolder(HWND owner, const XString& selected) {
+    return ChooseFolderFor(L"Zephtone: Select Output Folder", owner, selected);
+}
+
+XString ChooseFolderFor(const wchar_t* title, HWND owner, const XString& selected) {
     BROWSEINFOW info{};
     info.hwndOwner = owner;
-    info.lpszTitle = L"Zephtone: Select Output Folder";
+    info.lpszTitle = title;
     info.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
     info.lpfn = OnFolderDialog;
     info.lParam = reinterpret_cast<LPARAM>(selected.IsEmpty() ? nullptr : selected.Text());

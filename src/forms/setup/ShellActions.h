@@ -10,3 +10,4 @@ void OpenDocument(const XString& target);
 // Shows the folder dialog with `selected` chosen at first, unless it is empty. Empty: cancelled, or a
 // place without a path.
 [[nodiscard]] XString ChooseFolder(HWND owner, const XString& selected);
+[[nodiscard]] XString ChooseFolderFor(const wchar_t* title, HWND owner, const XString& selected);
