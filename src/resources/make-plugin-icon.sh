@@ -147,6 +147,16 @@ MultiCpu() {
     Box 55 55 105 105 4 'url(#amber)' '#B98A35'
 }
 
+# A label with sound on it.
+ReplayGain() {
+    Shape 'url(#amber)' '#B98A35' $((w * 3 / 4)) "path 'M 8,80 L 52,28 L 152,28 L 152,132 L 52,132 Z'"
+    Fill white 'ellipse 44,80 11,11 0,360'
+    local x half
+    while read -r x half; do
+        Bar $x $((80 - half)) $((x + 12)) $((80 + half)) white
+    done <<< $'72 14\n93 34\n114 22'
+}
+
 # A wave and the samples that it is made of anew.
 Resample() {
     Line "$mist" $w "path 'M 10,80 C 30,10 60,10 80,80 C 100,150 130,150 150,80'"
