@@ -1,6 +1,6 @@
 #!/bin/bash
 # Installs the Debian packages that builds and tests need, where they are missing.
-# usage: packages.sh [codecs|build|checks|samples]...   (no argument: all groups)
+# usage: packages.sh [codecs|build|checks|samples|package]...   (no argument: all groups)
 # When nothing is missing it asks dpkg alone and needs neither network nor root.
 set -euo pipefail
 
@@ -19,6 +19,9 @@ checks=(ffmpeg flac sox lame opus-tools vorbis-tools wavpack)
 # recordings that tests read
 samples=(alsa-utils frozen-bubble-data sound-theme-freedesktop)
 
+# the installer and the portable zip
+package=(nsis zip unzip binutils binutils-mingw-w64-x86-64)
+
 wanted=()
 for group in "${@:-all}"; do
     case $group in
@@ -26,7 +29,8 @@ for group in "${@:-all}"; do
     build) wanted+=("${codecs[@]}" "${build[@]}") ;;
     checks) wanted+=("${checks[@]}") ;;
     samples) wanted+=("${samples[@]}") ;;
-    all) wanted+=("${codecs[@]}" "${build[@]}" "${checks[@]}" "${samples[@]}") ;;
+    package) wanted+=("${package[@]}") ;;
+    all) wanted+=("${codecs[@]}" "${build[@]}" "${checks[@]}" "${samples[@]}" "${package[@]}") ;;
     *) echo "packages.sh: no group named '$group'" >&2; exit 2 ;;
     esac
 done

@@ -1,0 +1,25 @@
+# What stands in a program folder. `cmake --install BUILD --component program --prefix FOLDER` lays it out:
+# programs and DLLs, the plug-ins with their icons, the help, the licences of the libraries.
+if(WIN32)
+    get_property(parts GLOBAL PROPERTY TM_PROGRAM)
+    foreach(part Tonemill Millworker ${parts})
+        get_target_property(type ${part} TYPE)
+        if(type STREQUAL "MODULE_LIBRARY")
+            get_target_property(folder ${part} LIBRARY_OUTPUT_DIRECTORY)
+            get_target_property(name ${part} OUTPUT_NAME)
+            file(RELATIVE_PATH folder "${CMAKE_BINARY_DIR}/Tonemill" "${folder}")
+            install(TARGETS ${part} LIBRARY DESTINATION "${folder}" COMPONENT program)
+            install(FILES "${CMAKE_BINARY_DIR}/Tonemill/${folder}/${name}.ico" DESTINATION "${folder}"
+                COMPONENT program OPTIONAL)
+        else()
+            install(TARGETS ${part} RUNTIME DESTINATION . COMPONENT program)
+        endif()
+    endforeach()
+    if(TM_CODECS)
+        file(GLOB imported "${TM_CODECS}/bin/*.dll")
+        install(FILES ${imported} DESTINATION . COMPONENT program)
+        install(DIRECTORY "${TM_CODECS}/share/licences" DESTINATION . COMPONENT program)
+    endif()
+    install(DIRECTORY "${CMAKE_SOURCE_DIR}/help/zTM" DESTINATION Help COMPONENT program
+        FILES_MATCHING PATTERN "*.htm" PATTERN "*.css" PATTERN "*.png")
+endif()
