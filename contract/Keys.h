@@ -16,6 +16,8 @@ inline constexpr wchar_t batchEndConversion[] = L"BatchEndConversion";
 inline constexpr wchar_t checkSettings[] = L"Check Settings";
 inline constexpr wchar_t lastError[] = L"Last Error";
 inline constexpr wchar_t information[] = L"Information";
+inline constexpr wchar_t writtenFormat[] = L"Written Format";
+inline constexpr wchar_t writtenTags[] = L"Written Tags";
 inline constexpr wchar_t tags[] = L"Tags";
 
 } // namespace ZtKey

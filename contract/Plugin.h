@@ -187,6 +187,12 @@ typedef void (*EncoderDestroy)(ZtInstance);
 //       "Last Error"                 text1: why the last Begin, EncodeBlock or End failed
 //       "Information"                text1: what the user should know of a complete file, such as what of
 //                                    its source it can't hold; lines separated by LF
+//       "Written Format"             data AudioFormatRecord*: what a decoder will find in the complete file;
+//                                    channels, frequency and, with bitsPerSample not 0, the samples of a
+//                                    lossless format are compared
+//       "Written Tags"               data and dataSize image of a list: the tags that a decoder will find;
+//                                    each key is compared with its number of values, pictures with theirs
+//       A complete file that holds something else is a failure. Without these two, length is compared.
 typedef std::int32_t (*EncoderGet)(ZtInstance, const wchar_t* key, PluginParams*);
 typedef std::int32_t (*EncoderSet)(ZtInstance, const wchar_t* key, PluginParams*); // no keys yet: 0
 // Shows the settings panel as a child of `parent` at x, y (pixels), filled from the settings text.

@@ -7,9 +7,10 @@
 #include "host/DecoderFilter.h"
 #include "worker/AudioText.h"
 #include "worker/ForcedEnd.h"
-#include "worker/LengthCheck.h"
+#include "worker/OutputCheck.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -126,6 +127,15 @@ void Conversion::ReportInformation() {
         reporter.InformationLines(params.text1);
 }
 
+void Conversion::LearnWritten() {
+    PluginParams params{};
+    if (encoder.AskGet(ZtKey::writtenFormat, params) != 0 && params.data)
+        std::memcpy(&written.format, params.data, sizeof(written.format));
+    params = PluginParams{};
+    if (encoder.AskGet(ZtKey::writtenTags, params) != 0 && params.data)
+        written.tags.Deserialize(params.data, params.dataSize);
+}
+
 void Conversion::ReportProgress() {
     const std::uint64_t announced = AnnouncedFrames(source.format);
     if (announced == 0)
@@ -183,6 +193,7 @@ clStep Conversion::Prepare(int count) {
 }
 
 clStep Conversion::CheckAndCommit() {
+    LearnWritten();
     // Their handles of source and output must be gone before files change names.
     encoder.Unload();
     source.Close();
@@ -191,7 +202,7 @@ clStep Conversion::CheckAndCommit() {
     reporter.Message(ZtWorker::keyAction, actionChecking);
     XString fault;
     const clStep step =
-        CheckOutputLength(target.Temporary(), framesWritten, effects.format.frequency, lifeline, fault);
+        CheckOutput(target.Temporary(), written, framesWritten, effects.format.frequency, lifeline, fault);
     if (step == stepFailed)
         target.Error(fault);
     return step == stepGood ? target.Commit(lifeline) : step;

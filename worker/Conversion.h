@@ -3,6 +3,7 @@
 
 #include "host/clZtEncoder.h"
 #include "worker/EffectChainRunner.h"
+#include "worker/OutputJudge.h"
 #include "worker/SourceReader.h"
 #include "worker/TargetFile.h"
 
@@ -22,6 +23,7 @@ private:
     [[nodiscard]] bool BeginEncoder();
     void EndEncoder(bool completed, bool& isGood);
     void ReportInformation();
+    void LearnWritten(); // what the file is to hold, while the encoder is there to say it
     [[nodiscard]] XString EncoderError() const; // in brackets behind a blank; or empty
 
     // The source through the first `count` effects into the sink, to the last frame.
@@ -43,6 +45,7 @@ private:
     TargetFile target;
     const bool leavesNoFile; // the encoder's own affair what becomes of the audio
     clZtEncoder encoder;
+    clWritten written;
     bool isEncoding = false;
     std::uint64_t framesWritten = 0;
     int passes = 1;

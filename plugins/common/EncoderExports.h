@@ -13,6 +13,7 @@
 
 #include "plugins/common/Exports.h"
 #include "plugins/common/PcmFormat.h"
+#include "plugins/common/WrittenTags.h"
 
 class EncoderBase {
 public:
@@ -27,10 +28,29 @@ public:
             information += (information.IsEmpty() ? XString() : XString(L"\n")) + line;
     }
 
+    // What a decoder will find in the file; Begin says both. Bits of 0: they are not compared.
+    void WritesFormat(int channels, std::uint32_t frequency, int bits = 0, bool isFloat = false) {
+        written = AudioFormatRecord{};
+        written.sampleKind = isFloat ? ztSampleFloat : ztSampleInteger;
+        written.channels = static_cast<std::uint16_t>(channels);
+        written.frequency = frequency;
+        written.bitsPerSample = static_cast<std::uint16_t>(bits);
+    }
+    // Tells the user, too, what was left out.
+    void WritesTags(const wchar_t* target, const XTagList& tags, const LeftOutTags& leftOut,
+                    TagValues values = TagValues::separate) {
+        Inform(leftOut.Text(target));
+        XTagList list;
+        ForetellTags(tags, leftOut, values, list);
+        (void)list.Serialize(writtenTags); // without memory nothing is compared
+    }
+
     PcmFormat format;    // what Encode gets
     XString lastError;   // of Begin, Encode or End
     XString checkError;  // of the last check of settings
     XString information; // lines, since Begin
+    AudioFormatRecord written{};
+    XBuffer writtenTags;
 };
 
 template <class Encoder>
@@ -66,6 +86,15 @@ std::int32_t EncoderGetKey(Encoder& encoder, const wchar_t* key, PluginParams& p
         params.text1 = encoder.information;
         return 1;
     }
+    if (name == ZtKey::writtenFormat && encoder.written.channels > 0) {
+        params.data = &encoder.written;
+        return 1;
+    }
+    if (name == ZtKey::writtenTags && encoder.writtenTags.size > 0) {
+        params.data = encoder.writtenTags.data;
+        params.dataSize = static_cast<std::uint32_t>(encoder.writtenTags.size);
+        return 1;
+    }
     if constexpr (requires { Encoder::needsNoFolder; })
         if (name == ZtKey::disableConvertToFolder)
             return 1;
@@ -76,6 +105,8 @@ template <class Encoder>
 bool EncoderBegin(Encoder& encoder, const EncoderBeginBlock* block) {
     encoder.lastError.Clear();
     encoder.information.Clear();
+    encoder.written = AudioFormatRecord{};
+    encoder.writtenTags.Free();
     if (!block || block->size < sizeof(EncoderBeginBlock) || !block->outputPath)
         return encoder.Fail(L"The encoder was started without an output");
     encoder.format = PcmFormat();

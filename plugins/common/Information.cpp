@@ -5,9 +5,14 @@
 void LeftOutTags::Add(const XTagItem& item) {
     if (item.value.IsEmpty() && item.blob.size == 0)
         return;
+    pictures += IsPicture(item);
     const XString name = IsPicture(item) ? XString(L"cover art") : item.key;
     if (!name.IsEmpty() && !names.Contains(name, true))
         names.AddString(name);
+}
+
+bool LeftOutTags::Has(const XTagItem& item) const {
+    return names.Contains(item.key, true);
 }
 
 XString LeftOutTags::Text(const wchar_t* target) const {

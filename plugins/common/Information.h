@@ -8,12 +8,15 @@
 // Names of tags that were left out, each once.
 class LeftOutTags {
 public:
-    void Add(const XTagItem& item); // empty records are nothing to tell of
+    void Add(const XTagItem& item);                     // empty records are nothing to tell of
+    [[nodiscard]] bool Has(const XTagItem& item) const; // of texts: one of this key was left out
+    [[nodiscard]] std::int64_t Pictures() const noexcept { return pictures; }
     // "AIFF can't hold these tags of the source: lyrics, cover art"; empty if none was left out.
     [[nodiscard]] XString Text(const wchar_t* target) const;
 
 private:
     XStringArray names;
+    std::int64_t pictures = 0;
 };
 
 // "3 samples above full scale were clipped"; empty for 0.

@@ -29,18 +29,6 @@ constexpr TagName tagNames[] = {
 
 constexpr int lastPictureType = 20;
 
-const char* MimeOfBytes(const unsigned char* bytes, std::size_t size) noexcept {
-    if (size >= 8 && std::memcmp(bytes, "\x89PNG\r\n\x1a\n", 8) == 0)
-        return "image/png";
-    if (size >= 3 && std::memcmp(bytes, "\xFF\xD8\xFF", 3) == 0)
-        return "image/jpeg";
-    if (size >= 4 && std::memcmp(bytes, "GIF8", 4) == 0)
-        return "image/gif";
-    if (size >= 2 && std::memcmp(bytes, "BM", 2) == 0)
-        return "image/bmp";
-    return "image/";
-}
-
 } // namespace
 
 const TagName* FindTagName(const wchar_t* key) noexcept {
@@ -71,6 +59,18 @@ void SplitValues(const XTagItem& item, XStringArray& out) {
     }
 }
 
+const char* ImageMime(const unsigned char* bytes, std::size_t size) noexcept {
+    if (size >= 8 && std::memcmp(bytes, "\x89PNG\r\n\x1a\n", 8) == 0)
+        return "image/png";
+    if (size >= 3 && std::memcmp(bytes, "\xFF\xD8\xFF", 3) == 0)
+        return "image/jpeg";
+    if (size >= 4 && std::memcmp(bytes, "GIF8", 4) == 0)
+        return "image/gif";
+    if (size >= 2 && std::memcmp(bytes, "BM", 2) == 0)
+        return "image/bmp";
+    return "image/";
+}
+
 bool IsPicture(const XTagItem& item) noexcept {
     return item.key.EqualsNoCase(L"picture");
 }
@@ -97,7 +97,7 @@ bool ReadPicture(const XTagItem& item, TagPicture& picture) {
             break;
         }
     if (picture.mime.empty())
-        picture.mime = MimeOfBytes(picture.bytes, picture.size);
+        picture.mime = ImageMime(picture.bytes, picture.size);
     return true;
 }
 

@@ -27,6 +27,8 @@ struct TagPicture {
     const unsigned char* bytes = nullptr;
     std::size_t size = 0;
 };
+// By the first bytes; "image/" if they tell nothing.
+[[nodiscard]] const char* ImageMime(const unsigned char* bytes, std::size_t size) noexcept;
 [[nodiscard]] bool IsPicture(const XTagItem& item) noexcept;
 // False if the record holds no picture. A missing MIME type is told from the bytes.
 [[nodiscard]] bool ReadPicture(const XTagItem& item, TagPicture& picture);

@@ -1,5 +1,6 @@
 // Text tags by TagLib. This file keeps TagLib's headers away from the others.
 #include "foundation/XPath.h"
+#include "plugins/common/TagKeys.h"
 #include "plugins/decoder/Tags.h"
 
 #include <taglib/fileref.h>

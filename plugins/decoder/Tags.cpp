@@ -1,5 +1,6 @@
 #include "plugins/decoder/Tags.h"
 
+#include "plugins/common/TagKeys.h"
 #include "plugins/decoder/AudioStream.h"
 
 #include <windows.h>

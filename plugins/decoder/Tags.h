@@ -12,9 +12,3 @@ void CollectProperties(const AudioStream& source, XTagList& properties);
 
 // Adds what TagLib finds; false if it doesn't read this file, fails on it or finds nothing.
 [[nodiscard]] bool AddTagLibTags(const XString& path, XTagList& tags);
-
-// Adds a value under the contract's name for `key` (any spelling of a source), joining several
-// values of one key by CR. Line ends inside a value become LF.
-void AddTag(XTagList& tags, const XString& key, const XString& text);
-// Joins track and disc with their totals: "3" and "12" become "3/12".
-void JoinTotals(XTagList& tags);

@@ -81,7 +81,8 @@ bool clAacEncoder::Begin(const EncoderBeginBlock& block) {
         tags.Deserialize(block.tagData, block.tagDataSize);
     LeftOutTags leftOut;
     items = BuildMp4Items(tags, leftOut);
-    Inform(leftOut.Text(L"M4A"));
+    WritesFormat(audio.channels, audio.frequency);
+    WritesTags(L"M4A", tags, leftOut);
     if (!file.Open(block.outputPath, audio))
         return FileFailed();
     InformOfFormat(audio);

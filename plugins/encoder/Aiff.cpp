@@ -9,7 +9,8 @@ ByteVector AiffTail(const XTagList& tags, LeftOutTags& leftOut) {
     return BuildAiffChunk("ID3 ", BuildId3Tag(tags, 0, leftOut));
 }
 
-constexpr PcmContainer aiff{L"AIFF", SampleOrder::big, 2, mostAiffBytes, BuildAiffHeader, AiffTail};
+constexpr PcmContainer aiff{L"AIFF",  SampleOrder::big, 2, mostAiffBytes, BuildAiffHeader,
+                            AiffTail, TagValues::id3};
 
 class clAiffEncoder : public PcmFileEncoder {
 public:

@@ -71,7 +71,8 @@ bool clAlacEncoder::Begin(const EncoderBeginBlock& block) {
         tags.Deserialize(block.tagData, block.tagDataSize);
     LeftOutTags leftOut;
     items = BuildMp4Items(tags, leftOut);
-    Inform(leftOut.Text(L"ALAC"));
+    WritesFormat(audio.channels, audio.frequency, audio.bits);
+    WritesTags(L"ALAC", tags, leftOut);
     if (!file.Open(block.outputPath, audio))
         return FileFailed();
     if (file.HasOtherPlaces())

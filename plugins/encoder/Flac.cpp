@@ -146,7 +146,8 @@ bool clFlacEncoder::Begin(const EncoderBeginBlock& block) {
     LeftOutTags leftOut;
     if (!encoder || !metadata.Build(tags, format, leftOut))
         return Fail(L"Out of memory");
-    Inform(leftOut.Text(L"FLAC"));
+    WritesFormat(format.channels, format.frequency, BitsFor(format));
+    WritesTags(L"FLAC", tags, leftOut);
     if (format.isFloat && !format.isLossy)
         Inform(L"FLAC can't hold floating point samples: they were rounded to 24 bit");
     if (!file.Create(block.outputPath))

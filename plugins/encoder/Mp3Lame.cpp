@@ -140,7 +140,8 @@ bool clLameEncoder::Begin(const EncoderBeginBlock& block) {
         tags.Deserialize(block.tagData, block.tagDataSize);
     LeftOutTags leftOut;
     const ByteVector tag = BuildId3Tag(tags, tagPadding, leftOut);
-    Inform(leftOut.Text(L"mp3"));
+    WritesFormat(channels, frequency);
+    WritesTags(L"mp3", tags, leftOut, TagValues::id3);
     mp3.resize(mp3Room);
     hasFrames = false;
     if (!file.Create(block.outputPath) || !file.Write(tag.data(), tag.size()))

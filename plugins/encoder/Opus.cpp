@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr std::uint32_t highestFrequency = 48000;
+constexpr std::uint32_t highestFrequency = 48000;           // and that of every decoder
 constexpr std::uint32_t runFrames = 8192;                   // frames per call of the library
 constexpr std::size_t commentRoom = std::size_t(120) << 20; // readers may refuse more (RFC 7845, 5.2)
 
@@ -94,7 +94,8 @@ bool clOpusEncoder::FillComments(const EncoderBeginBlock& block, int& serial) {
     VorbisComments texts(commentRoom);
     texts.AddTags(tags, leftOut);
     texts.AddPictures(tags, leftOut);
-    Inform(leftOut.Text(L"Opus"));
+    WritesFormat(channels.count, highestFrequency);
+    WritesTags(L"Opus", tags, leftOut);
     serial = texts.SerialNumber();
     comments.reset(ope_comments_create());
     bool added = comments != nullptr;

@@ -47,7 +47,8 @@ bool PcmFileEncoder::Begin(const EncoderBeginBlock& block) {
         tags.Deserialize(block.tagData, block.tagDataSize);
     LeftOutTags leftOut;
     tail = container.tail(tags, leftOut);
-    Inform(leftOut.Text(container.name));
+    WritesFormat(layout.channels, layout.frequency, layout.sampleBytes * 8, layout.isFloat);
+    WritesTags(container.name, tags, leftOut, container.values);
     const ByteVector header = container.header(layout, 0, 0);
     headerBytes = header.size();
     // What is too large for certain is refused before it fills the disk.

@@ -21,6 +21,7 @@ struct PcmContainer {
     ByteVector (*header)(const PcmLayout& layout, std::uint64_t dataBytes, std::uint64_t fileBytes);
     // Everything behind the padding.
     ByteVector (*tail)(const XTagList& tags, LeftOutTags& leftOut);
+    TagValues values; // as the tail keeps several of one key
 };
 
 class PcmFileEncoder : public EncoderBase {

@@ -75,6 +75,7 @@ bool clVorbisEncoder::Choose(const wchar_t* settings) {
     resamples = frequency != format.frequency;
     resampled = format;
     resampled.isFloat = true;
+    resampled.frequency = frequency;
     if (resamples)
         Inform(RateText(choice.abr ? L"Ogg Vorbis with an average bit rate" : L"Ogg Vorbis", format.frequency,
                         frequency));
@@ -101,7 +102,8 @@ bool clVorbisEncoder::Begin(const EncoderBeginBlock& block) {
     VorbisComments comments(commentRoom);
     comments.AddTags(tags, leftOut);
     comments.AddPictures(tags, leftOut);
-    Inform(leftOut.Text(L"Ogg Vorbis"));
+    WritesFormat(channels.count, resampled.frequency);
+    WritesTags(L"Ogg Vorbis", tags, leftOut);
     return (file.Create(block.outputPath) && stream->Start(file, comments.fields, comments.SerialNumber())) ||
            Fail(file.HasFailed() ? file.Error() : XString(L"Out of memory"));
 }

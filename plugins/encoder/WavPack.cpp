@@ -135,7 +135,8 @@ bool clWavPackEncoder::Begin(const EncoderBeginBlock& block) {
         list.Deserialize(block.tagData, block.tagDataSize);
     LeftOutTags leftOut;
     tags = ReadApeTags(list, leftOut);
-    Inform(leftOut.Text(L"WavPack"));
+    WritesFormat(format.channels, format.frequency, layout.bits, layout.isFloat);
+    WritesTags(L"WavPack", list, leftOut);
     if (!file.Create(block.outputPath))
         return Fail(file.Error());
     encoder.reset(WavpackOpenFileOutput(OnBlock, this, nullptr));

@@ -13,8 +13,8 @@ ByteVector WaveTail(const XTagList& tags, LeftOutTags& leftOut) {
     return std::move(tail.out);
 }
 
-constexpr PcmContainer wave{L"A wave file",    SampleOrder::wave, 2,
-                            ~std::uint64_t(0), BuildWaveHeader,   WaveTail};
+constexpr PcmContainer wave{L"A wave file", SampleOrder::wave, 2, ~std::uint64_t(0), BuildWaveHeader,
+                            WaveTail,       TagValues::id3};
 
 class clWaveEncoder : public PcmFileEncoder {
 public:

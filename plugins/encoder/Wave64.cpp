@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr PcmContainer wave64{L"Wave64",         SampleOrder::wave, 8,
-                              ~std::uint64_t(0), BuildWave64Header, BuildWave64Summary};
+constexpr PcmContainer wave64{L"Wave64",          SampleOrder::wave, 8, ~std::uint64_t(0), BuildWave64Header,
+                              BuildWave64Summary, TagValues::joined};
 
 class clWave64Encoder : public PcmFileEncoder {
 public:

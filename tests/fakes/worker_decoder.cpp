@@ -1,6 +1,6 @@
 // A decoder for the worker's tests. A .tone file is a text in 8-bit letters: frames=, exact=, announced=
 // (frames), failat=, hangat=, slow= (ms per block). Sample number n of channel 0 is n, of channel 1 -n.
-// A .fake file is what the fake encoder writes.
+// A .fake file is what the fake encoder writes. All have one tag, of two values.
 #include "contract/Plugin.h"
 #include "worker_numbers.h"
 
@@ -109,7 +109,7 @@ FAKE_EXPORT std::int32_t Open(ZtInstance instance, DecoderOpenBlock* block) {
         return 0;
     block->format = self.format;
     if (block->wanted == ztOpenAll) {
-        self.tags.assign({0, 0, 0, 0}); // an empty list
+        self.tags = OneTag(2);
         block->tagData = self.tags.data();
         block->tagDataSize = static_cast<std::uint32_t>(self.tags.size());
     }

@@ -1,7 +1,8 @@
 // An encoder for the worker's tests: writes .fake files. Settings: failat= and crashat= and abortat= and
 // exitat= (frames), lose= (frames that it drops without a word), slow= (ms per block), wrong=1 (settings
 // that are refused), saytmp=1 (fails with the temporary folder as its words), nofile=1 (writes into the
-// void and says two lines of what it heard).
+// void and says two lines of what it heard), channels= and tags= (says that the file has so many channels,
+// and so many values of a tag).
 #include "contract/Plugin.h"
 #include "worker_numbers.h"
 
@@ -10,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
+#include <vector>
 
 namespace {
 
@@ -19,6 +21,8 @@ struct FakeEncoder {
     std::int64_t position = 0, failAt = -1, crashAt = -1, abortAt = -1, exitAt = -1, lose = 0;
     DWORD slowMs = 0;
     bool hasFile = true;
+    AudioFormatRecord written{};
+    std::vector<unsigned char> writtenTags;
     wchar_t words[MAX_PATH + 1] = L"the fake encoder's own words";
 };
 
@@ -51,6 +55,15 @@ FAKE_EXPORT std::int32_t ENC_Get(ZtInstance instance, const wchar_t* key, Plugin
         params->text1 = Of(instance).words;
         return 1;
     }
+    if (std::wcscmp(key, L"Written Format") == 0 && Of(instance).written.channels > 0) {
+        params->data = &Of(instance).written;
+        return 1;
+    }
+    if (std::wcscmp(key, L"Written Tags") == 0 && !Of(instance).writtenTags.empty()) {
+        params->data = Of(instance).writtenTags.data();
+        params->dataSize = static_cast<std::uint32_t>(Of(instance).writtenTags.size());
+        return 1;
+    }
     if (std::wcscmp(key, L"Extension") == 0) {
         params->text1 = L".fake";
         return 1;
@@ -80,6 +93,10 @@ FAKE_EXPORT std::int32_t ENC_BeginConversion(ZtInstance instance, const EncoderB
     self.exitAt = NumberOf(block->settings, L"exitat", -1);
     self.lose = NumberOf(block->settings, L"lose", 0);
     self.slowMs = static_cast<DWORD>(NumberOf(block->settings, L"slow", 0));
+    self.written.channels = static_cast<std::uint16_t>(NumberOf(block->settings, L"channels", 0));
+    self.written.frequency = block->format->frequency;
+    if (const std::int64_t values = NumberOf(block->settings, L"tags", 0))
+        self.writtenTags = OneTag(values);
     if (NumberOf(block->settings, L"saytmp", 0) != 0) {
         GetTempPathW(MAX_PATH, self.words);
         return 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 // The number behind "key=", or `fallback` where the key is not there.
 inline std::int64_t NumberOf(const wchar_t* text, const wchar_t* key, std::int64_t fallback) {
@@ -17,6 +18,17 @@ inline std::int64_t NumberOf(const wchar_t* text, const wchar_t* key, std::int64
         return number;
     }
     return fallback;
+}
+
+// The image of a list with the tag "title" of so many values, of one letter each.
+inline std::vector<unsigned char> OneTag(std::int64_t values) {
+    std::vector<unsigned char> image = {1, 0, 0, 0, 0, 0, 0, 0};
+    for (const char c : {'t', 'i', 't', 'l', 'e', '\0'})
+        image.insert(image.end(), {static_cast<unsigned char>(c), 0});
+    for (std::int64_t i = 0; i < values; ++i)
+        image.insert(image.end(), {'a', 0, static_cast<unsigned char>(i + 1 < values ? '\r' : 0), 0});
+    image[4] = static_cast<unsigned char>(image.size() - 4);
+    return image;
 }
 
 // What the fake encoder writes: this head, then int32 samples.

@@ -30,7 +30,7 @@ TEST(Worker, ConvertsAndTellsInLines) {
     WorkerProcess worker(folder);
     const XString source = folder.Write(L"\u00e4 \u4e2d.tone", tone);
     const XString target = folder.File(L"new\\deep er\\\u00fc.fake");
-    worker.Start(source, target);
+    worker.Start(source, target, L"channels=2 tags=2"); // what the encoder says of the file, and is so
     ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
     EXPECT_TRUE(worker.errors.IsEmpty()) << testing::PrintToString(worker.ErrorText());
     const std::string content = FileContent(target);
@@ -72,6 +72,8 @@ constexpr FailureRow failureRows[] = {
     {tone, L"a.tone", L"abortat=20000", L"", L"crashed"},
     {tone, L"a.tone", L"exitat=20000", L"", L"crashed"},
     {tone, L"a.tone", L"lose=1", L"", L"instead of 0:01.134"},
+    {tone, L"a.tone", L"channels=1", L"", L"is 44.1 kHz stereo instead of 44.1 kHz mono"},
+    {tone, L"a.tone", L"tags=3", L"", L"holds 2 instead of 3 values of the tag 'title'"},
     {tone, L"a.tone", L"wrong=1", L"", L"wrong is not good"},
     {tone, L"a.tone", L"", L" -dspeffect1=\"Nowhere=\"", L"the effect 'Nowhere' is not installed"},
     {tone, L"a.tone", L"", L" -dspeffect1=\"Fake=fail=1\"",

@@ -1,5 +1,5 @@
 // How sources spell the keys of tags, and the names under which they travel.
-#include "plugins/decoder/Tags.h"
+#include "plugins/common/TagKeys.h"
 
 namespace {
 
@@ -20,6 +20,7 @@ constexpr KeyName keyNames[] = {
     {L"UNSYNCEDLYRICS", L"lyrics"},
     {L"ORGANIZATION", L"publisher"},
     {L"LABEL", L"publisher"},
+    {L"IMUS", L"composer"}, // of an INFO list, as FFmpeg leaves it
 };
 
 // Facts about the file that containers keep among their tags; they don't belong into a copy.
@@ -83,15 +84,30 @@ bool HasValue(const XString& joined, const XString& value) {
     return (L"\r" + joined + L"\r").Find(L"\r" + value + L"\r") != 0;
 }
 
+// The first total is the first number's, and so on; one total alone is that of all.
+XString JoinPairs(const XString& numbers, const XString& totals) {
+    XStringArray left, right;
+    Split(left, numbers, L"\r");
+    Split(right, totals, L"\r");
+    XString joined;
+    for (std::int64_t i = 0; i < left.Count(); ++i) {
+        const std::int64_t at = right.Count() == 1 ? 0 : i;
+        if (i > 0)
+            joined.Extend(L"\r");
+        joined.Extend(left[i]);
+        if (at < right.Count() && !left[i].FindChar(L'/'))
+            joined.Extend(L"/" + right[at]);
+    }
+    return joined;
+}
+
 void Join(XTagList& tags, const wchar_t* key, const wchar_t* totalKey) {
     XTagItem* number = tags.Find(key);
     const XTagItem* total = tags.Find(totalKey);
     if (!number)
         return; // a total alone keeps its own name
-    if (total && !number->value.FindChar(L'/')) {
-        number->value.Append(L"/");
-        number->value.Append(total->value);
-    }
+    if (total)
+        number->value = JoinPairs(number->value, total->value);
     for (std::int64_t i = tags.Count() - 1; i >= 0; --i)
         if (tags[i].key.EqualsNoCase(totalKey))
             tags.RemoveAt(i);

@@ -1,4 +1,4 @@
-#include "worker/LengthCheck.h"
+#include "worker/OutputCheck.h"
 
 #include "foundation/XBuffer.h"
 #include "host/DecoderCatalogue.h"
@@ -26,24 +26,8 @@ clStep CountFrames(clZtDecoder& decoder, const AudioFormatRecord& format, Lifeli
     }
 }
 
-} // namespace
-
-clStep CheckOutputLength(const XString& path, std::uint64_t frames, std::uint32_t frequency,
-                         Lifeline& lifeline, XString& fault) {
-    clZtDecoder decoder;
-    PluginCreateBlock create{};
-    if (!OpenDecoderFor(path, decoder, &create))
-        return stepGood;
-    DecoderOpenBlock block{};
-    block.path = path.Text();
-    block.wanted = ztOpenFormat;
-    AudioFormatRecord format{};
-    const bool isOpen = decoder.AskOpen(block) != 0;
-    std::memcpy(&format, &block.format, sizeof(format));
-    if (!isOpen || !IsUsableFormat(format)) {
-        fault = L"the finished file can't be read back";
-        return stepFailed;
-    }
+clStep CheckLength(clZtDecoder& decoder, const AudioFormatRecord& format, std::uint64_t frames,
+                   std::uint32_t frequency, Lifeline& lifeline, XString& fault) {
     const clLengthVerdict verdict = JudgeLength(format, frames, frequency);
     if (verdict == lengthGood)
         return stepGood;
@@ -61,4 +45,31 @@ clStep CheckOutputLength(const XString& path, std::uint64_t frames, std::uint32_
     fault = XString(L"the finished file is ") + PlayTimeText(FramesToMs(counted, format.frequency)) +
             L" long instead of " + PlayTimeText(FramesToMs(frames, frequency));
     return stepFailed;
+}
+
+} // namespace
+
+clStep CheckOutput(const XString& path, const clWritten& written, std::uint64_t frames,
+                   std::uint32_t frequency, Lifeline& lifeline, XString& fault) {
+    clZtDecoder decoder;
+    PluginCreateBlock create{};
+    if (!OpenDecoderFor(path, decoder, &create))
+        return stepGood;
+    DecoderOpenBlock block{};
+    block.path = path.Text();
+    block.wanted = written.tags.Count() > 0 ? ztOpenAll : ztOpenFormat;
+    AudioFormatRecord format{};
+    const bool isOpen = decoder.AskOpen(block) != 0;
+    std::memcpy(&format, &block.format, sizeof(format));
+    if (!isOpen || !IsUsableFormat(format)) {
+        fault = L"the finished file can't be read back";
+        return stepFailed;
+    }
+    fault = FormatFault(written.format, format);
+    if (fault.IsEmpty() && written.tags.Count() > 0) {
+        XTagList tags;
+        tags.Deserialize(block.tagData, block.tagDataSize);
+        fault = TagFault(written.tags, tags);
+    }
+    return fault.IsEmpty() ? CheckLength(decoder, format, frames, frequency, lifeline, fault) : stepFailed;
 }
