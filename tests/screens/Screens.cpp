@@ -2,6 +2,7 @@
 // when the state stands; the program ends when FLAG is gone. scripts/screenshots.sh takes the pictures.
 #include "../forms/FormDriver.h"
 #include "../support/ReportingWorker.h"
+#include "ConfigScreens.h"
 #include "EffectScreens.h"
 #include "ListScreens.h"
 #include "NamingScreens.h"
@@ -148,6 +149,7 @@ constexpr Screen screens[] = {
     {"setup-list", [] { ShowSetupList(HoldForPicture); }},
     {"setup-balloon", [] { ShowSetupBalloon(HoldForPicture); }},
     {"new-profile", [] { ShowNewProfile(HoldForPicture); }},
+    {"config", [] { ShowConfig(HoldForPicture); }},
     {"effects", [] { ShowEffects(HoldForPicture); }},
     {"effects-menu", [] { ShowEffectsMenu(HoldForPicture); }},
     {"effect-settings", [] { ShowEffectSettingsOf(L"Playlist Writer", HoldForPicture); }},
