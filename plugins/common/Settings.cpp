@@ -1,6 +1,8 @@
 // The check of settings texts and the messages that tell users what would have been right.
 #include "plugins/common/Settings.h"
 
+#include "plugins/common/RealText.h"
+
 namespace {
 
 constexpr int mostDigits = 9;
@@ -26,6 +28,11 @@ bool IsAllowed(const SettingsOption& option, const XString& value) {
         return value.IsEmpty() || value == L"0" || value == L"1";
     if (IsOneOf(value, option.words))
         return true;
+    if (option.isReal) {
+        double number = 0;
+        return ReadReal(value, number) && number >= static_cast<double>(option.minimum) &&
+               number <= static_cast<double>(option.maximum);
+    }
     return option.minimum < option.maximum && IsNumber(value) && value.ToInt() >= option.minimum &&
            value.ToInt() <= option.maximum;
 }
@@ -35,7 +42,8 @@ XString WhatIsAllowed(const SettingsOption& option) {
         return L"it stands alone, or with 0 or 1";
     XString text;
     if (option.minimum < option.maximum)
-        text = L"a whole number from " + DecimalText(option.minimum) + L" to " + DecimalText(option.maximum);
+        text = XString(option.isReal ? L"a number from " : L"a whole number from ") +
+               DecimalText(option.minimum) + L" to " + DecimalText(option.maximum);
     XStringArray words;
     if (option.words[0] != 0)
         Split(words, option.words, L"|");
@@ -107,6 +115,12 @@ XString Settings::Word(const wchar_t* name, const wchar_t* fallback) const {
 std::int64_t Settings::Number(const wchar_t* name, std::int64_t fallback) const {
     XString value;
     return list.GetValue(name, value) && IsNumber(value) ? value.ToInt() : fallback;
+}
+
+double Settings::Real(const wchar_t* name, double fallback) const {
+    XString value;
+    double number = 0;
+    return list.GetValue(name, value) && ReadReal(value, number) ? number : fallback;
 }
 
 bool Settings::Flag(const wchar_t* name) const {

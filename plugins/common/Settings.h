@@ -6,13 +6,15 @@
 #include <cstdint>
 
 // One allowed option. A value is good if it is one of `words` or, with minimum < maximum, a whole
-// number between the two. A flag stands alone or with the value 0 or 1.
+// number between the two, or with a fraction if it `isReal`. A flag stands alone or with the value 0
+// or 1.
 struct SettingsOption {
     const wchar_t* name;
     const wchar_t* words = L""; // separated by '|'
     std::int64_t minimum = 0;
     std::int64_t maximum = 0;
     bool isFlag = false;
+    bool isReal = false;
 };
 
 class Settings {
@@ -27,6 +29,7 @@ public:
     [[nodiscard]] XString Word(const wchar_t* name, const wchar_t* fallback) const; // as given
     // The value as a number; `fallback` when it is absent or one of the option's words.
     [[nodiscard]] std::int64_t Number(const wchar_t* name, std::int64_t fallback) const;
+    [[nodiscard]] double Real(const wchar_t* name, double fallback) const; // likewise
     [[nodiscard]] bool Flag(const wchar_t* name) const;
 
 private:
