@@ -298,18 +298,6 @@ void frmErrorsInfo::Reconvert() {
     OnOK();
 }
 
-void frmErrorsInfo::OnMouseDown(int x, int y, UINT message, WPARAM) {
-    corner.OnMouseDown(x, y, message);
-}
-
-void frmErrorsInfo::OnMouseUp(int, int, UINT message, WPARAM) {
-    corner.OnMouseUp(message);
-}
-
-void frmErrorsInfo::OnMouseMove(int x, int y, WPARAM) {
-    corner.OnMouseMove(x, y);
-}
-
 // A tree that has nothing to scroll hands the message back to its parent.
 void frmErrorsInfo::OnMouseWheel(int x, int y, int delta, WORD keyFlags) {
     if (isPassingWheel)
@@ -324,12 +312,4 @@ void frmErrorsInfo::OnMouseWheel(int x, int y, int delta, WORD keyFlags) {
 
 void frmErrorsInfo::OnOK() {
     EndDialog(Hwnd, 1);
-}
-
-void frmErrorsInfo::OnCancel() {
-    EndDialog(Hwnd, 0);
-}
-
-void frmErrorsInfo::OnClose() {
-    EndDialog(Hwnd, 0);
 }

@@ -7,11 +7,10 @@
 #include "forms/review/LogTexts.h"
 #include "foundation/XTempFile.h"
 #include "toolkit/XOwnerMenu.h"
-#include "toolkit/XResizeLayout.h"
+#include "toolkit/XSizableDialog.h"
 #include "toolkit/XTabPage.h"
 #include "toolkit/XToolTip.h"
 #include "toolkit/XTreeView.h"
-#include "toolkit/XWindow.h"
 
 #include <commctrl.h>
 
@@ -30,7 +29,7 @@ extern clProgramStart startProgram;
 // a new life of the window on the one object. Not to be shown with two empty logs. All calls come
 // from the thread of forms; the logs may grow while the form is open, they are read when it opens
 // and when the user changes the tab.
-class frmErrorsInfo final : public XWindow {
+class frmErrorsInfo final : public XSizableDialog {
 public:
     frmErrorsInfo();
     ~frmErrorsInfo() override;
@@ -49,13 +48,8 @@ public:
     void OnDestroy() override;
     void OnShow(LPARAM reason) override;
     void OnSize(int width, int height, WPARAM how) override;
-    void OnMouseDown(int x, int y, UINT message, WPARAM keys) override;
-    void OnMouseUp(int x, int y, UINT message, WPARAM keys) override;
-    void OnMouseMove(int x, int y, WPARAM keys) override;
     void OnMouseWheel(int x, int y, int delta, WORD keys) override;
     void OnOK() override;
-    void OnCancel() override;
-    void OnClose() override;
     LRESULT PreMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam,
                        std::uint32_t& handled) override;
 
@@ -99,7 +93,6 @@ private:
     XOwnerMenu Menu;
     XArray<XToolTip> Tips; // of the buttons
     XToolTip CopiedTip;
-    XResizeCorner corner{*this};
     clDialogKeys keys; // while shown without blocking
     bool isFilled = false;
     bool isPassingWheel = false;

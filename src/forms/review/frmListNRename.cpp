@@ -181,18 +181,6 @@ bool frmListNRename::IsNameMissing() const {
     return NeedsTags && !IsEveryRowFilled();
 }
 
-void frmListNRename::OnMouseDown(int x, int y, UINT message, WPARAM) {
-    corner.OnMouseDown(x, y, message);
-}
-
-void frmListNRename::OnMouseUp(int, int, UINT message, WPARAM) {
-    corner.OnMouseUp(message);
-}
-
-void frmListNRename::OnMouseMove(int x, int y, WPARAM) {
-    corner.OnMouseMove(x, y);
-}
-
 void frmListNRename::OnMouseWheel(int, int, int delta, WORD) {
     ScrollRows(List, delta);
 }
@@ -200,12 +188,4 @@ void frmListNRename::OnMouseWheel(int, int, int delta, WORD) {
 void frmListNRename::OnOK() {
     Commit();
     EndDialog(Hwnd, 1);
-}
-
-void frmListNRename::OnCancel() {
-    EndDialog(Hwnd, 0);
-}
-
-void frmListNRename::OnClose() {
-    EndDialog(Hwnd, 0);
 }

@@ -9,12 +9,11 @@
 #include "host/clZtEncoder.h"
 #include "toolkit/XListView.h"
 #include "toolkit/XOwnerMenu.h"
-#include "toolkit/XResizeLayout.h"
-#include "toolkit/XWindow.h"
+#include "toolkit/XSizableDialog.h"
 
 #include <vector>
 
-class frmListNRename final : public XWindow {
+class frmListNRename final : public XSizableDialog {
 public:
     // Shows the form and returns when it has closed: `result` is 1 for OK, 0 for Cancel. OK writes
     // output paths (of renamed rows alone) and skip flags into `files`, which is borrowed and must
@@ -25,12 +24,8 @@ public:
                    const XString& namingTemplate);
     ~frmListNRename() override;
 
-    void OnClose() override;
     void OnInit() override;
     void OnDestroy() override;
-    void OnMouseDown(int x, int y, UINT message, WPARAM keys) override;
-    void OnMouseUp(int x, int y, UINT message, WPARAM keys) override;
-    void OnMouseMove(int x, int y, WPARAM keys) override;
     void OnMouseWheel(int x, int y, int delta, WORD keys) override;
     void OnShow(LPARAM reason) override;
     void OnSize(int width, int height, WPARAM how) override;
@@ -38,7 +33,6 @@ public:
     LRESULT PreMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam,
                        std::uint32_t& handled) override;
     void OnOK() override;
-    void OnCancel() override;
 
 private:
     static constexpr UINT fillIntervalMs = 250;
@@ -90,7 +84,6 @@ private:
     int NextRow = 0; // the first whose late columns are still to be filled
     clZtEncoder Encoder;
 
-    XResizeCorner corner{*this};
     clSourceKinds kinds;
     std::vector<std::int64_t> estimates; // bytes per row, 0: none
     std::vector<bool> checked;           // per row, as the boxes of the list

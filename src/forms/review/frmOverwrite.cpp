@@ -197,18 +197,6 @@ void frmOverwrite::NoToAll() {
     OnOK();
 }
 
-void frmOverwrite::OnMouseDown(int x, int y, UINT message, WPARAM) {
-    corner.OnMouseDown(x, y, message);
-}
-
-void frmOverwrite::OnMouseUp(int, int, UINT message, WPARAM) {
-    corner.OnMouseUp(message);
-}
-
-void frmOverwrite::OnMouseMove(int x, int y, WPARAM) {
-    corner.OnMouseMove(x, y);
-}
-
 void frmOverwrite::OnMouseWheel(int, int, int delta, WORD) {
     ScrollRows(List, delta);
 }
@@ -216,12 +204,4 @@ void frmOverwrite::OnMouseWheel(int, int, int delta, WORD) {
 void frmOverwrite::OnOK() {
     Commit();
     EndDialog(Hwnd, 1);
-}
-
-void frmOverwrite::OnCancel() {
-    EndDialog(Hwnd, 0);
-}
-
-void frmOverwrite::OnClose() {
-    EndDialog(Hwnd, 0);
 }

@@ -5,10 +5,9 @@
 #include "engine/Records.h"
 #include "toolkit/XListView.h"
 #include "toolkit/XOwnerMenu.h"
-#include "toolkit/XResizeLayout.h"
-#include "toolkit/XWindow.h"
+#include "toolkit/XSizableDialog.h"
 
-class frmOverwrite final : public XWindow {
+class frmOverwrite final : public XSizableDialog {
 public:
     // Shows the form and returns when it has closed. `result` is 1 when `rows` hold the decision, 0
     // when the user has cancelled and they are as they were, or if the form could not be shown.
@@ -19,13 +18,8 @@ public:
     void OnInit() override;
     void OnShow(LPARAM reason) override;
     void OnSize(int width, int height, WPARAM how) override;
-    void OnMouseDown(int x, int y, UINT message, WPARAM keys) override;
-    void OnMouseUp(int x, int y, UINT message, WPARAM keys) override;
-    void OnMouseMove(int x, int y, WPARAM keys) override;
     void OnMouseWheel(int x, int y, int delta, WORD keys) override;
     void OnOK() override;
-    void OnCancel() override;
-    void OnClose() override;
     LRESULT PreMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam,
                        std::uint32_t& handled) override;
 
@@ -54,6 +48,5 @@ private:
     XIcon CornerIcon;
     XOwnerMenu Menu;
     XGdiObject Picture;
-    XResizeCorner corner{*this};
     bool isFilled = false;
 };
