@@ -25,9 +25,9 @@ bool RateChanger::Open(int channelCount, std::uint32_t from, std::uint32_t to, R
     oldRate = from;
     newRate = to;
     const soxr_io_spec_t kind = soxr_io_spec(SOXR_FLOAT64_I, SOXR_FLOAT64_I);
-    // The clock: odd pairs of rates must not drift over hours.
-    const soxr_quality_spec_t spec =
-        soxr_quality_spec(quality == rateVeryHigh ? SOXR_VHQ : SOXR_HQ, SOXR_HI_PREC_CLOCK);
+    // A pass band without roll-off, and a clock by which odd pairs of rates don't drift over hours.
+    const soxr_quality_spec_t spec = soxr_quality_spec(quality == rateVeryHigh ? SOXR_VHQ : SOXR_HQ,
+                                                       SOXR_ROLLOFF_NONE | SOXR_HI_PREC_CLOCK);
     soxr_error_t failure = nullptr;
     engine.reset(soxr_create(from, to, static_cast<unsigned>(channelCount), &failure, &kind, &spec, nullptr));
     if (!engine || failure) {
