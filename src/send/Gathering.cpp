@@ -4,35 +4,15 @@
 
 #include "foundation/XFile.h"
 #include "foundation/XFileSystem.h"
-#include "foundation/XHandles.h"
 #include "foundation/XPath.h"
 #include "host/HandOff.h"
 #include "host/ListFile.h"
+#include "send/NamedTurn.h"
 #include "send/SendText.h"
 
 #include <algorithm>
 
 namespace {
-
-// One turn at the spool. A process that died in its turn leaves it to the next.
-class clTurn {
-public:
-    clTurn(HANDLE mutex, DWORD timeoutMs) : mutex(mutex) {
-        const DWORD answer = WaitForSingleObject(mutex, timeoutMs);
-        isTaken = answer == WAIT_OBJECT_0 || answer == WAIT_ABANDONED;
-    }
-    ~clTurn() {
-        if (isTaken)
-            ReleaseMutex(mutex);
-    }
-    clTurn(const clTurn&) = delete;
-    clTurn& operator=(const clTurn&) = delete;
-    [[nodiscard]] bool IsTaken() const { return isTaken; }
-
-private:
-    HANDLE mutex;
-    bool isTaken;
-};
 
 bool AppendText(XFile& file, const XString& text) {
     LARGE_INTEGER end{};
@@ -101,13 +81,10 @@ clGatheringPlace UsualGatheringPlace(const XString& programFolder) {
 
 clGathered GatherPaths(const clGatheringPlace& place, std::uint64_t startTime, XStringArray& paths) {
     const XString eventName = place.name + L"-collects";
-    const XKernelHandle mutex(CreateMutexW(nullptr, FALSE, place.name));
-    if (!mutex.IsValid())
-        return clGathered::alone;
     const XString text = SpoolText(startTime, paths);
     XKernelHandle arrival;
     {
-        const clTurn turn(mutex.Get(), place.busyMs);
+        const clNamedTurn turn(place.name, place.busyMs);
         if (!turn.IsTaken())
             return clGathered::alone;
         const XKernelHandle others(OpenEventW(EVENT_MODIFY_STATE, FALSE, eventName));
@@ -127,7 +104,7 @@ clGathered GatherPaths(const clGatheringPlace& place, std::uint64_t startTime, X
     }
     WaitForQuiet(arrival.Get(), place);
     // Others hold their turns for a moment only, and their paths wait here.
-    const clTurn turn(mutex.Get(), INFINITE);
+    const clNamedTurn turn(place.name, INFINITE);
     arrival.Reset();
     return TakeSpool(place.spool, paths) ? clGathered::complete : clGathered::alone;
 }

@@ -7,12 +7,17 @@
 #include "foundation/XTempFile.h"
 #include "host/DecoderCatalogue.h"
 #include "host/DroppedFiles.h"
+#include "host/HandOff.h"
+#include "send/Gathering.h"
+#include "send/NamedTurn.h"
 #include "send/SendText.h"
 
 namespace {
 
 constexpr wchar_t program[] = L"Tonemill.exe";
 constexpr ULONGLONG takeLimitMs = 60000;
+constexpr ULONGLONG formLimitMs = 5000;
+constexpr DWORD turnLimitMs = 10000;
 constexpr DWORD pollMs = 50;
 
 void FilesOf(const XStringArray& paths, XStringArray& found) {
@@ -51,6 +56,16 @@ void WaitUntilTaken(HANDLE process, const XString& list) {
             return;
 }
 
+// A form on the screen takes what comes next.
+void WaitForForm(HANDLE process) {
+    const ULONGLONG start = GetTickCount64();
+    while (GetTickCount64() - start < formLimitMs) {
+        const XKernelHandle form(OpenEventW(SYNCHRONIZE, FALSE, handOffEventName));
+        if (form.IsValid() || WaitForSingleObject(process, pollMs) == WAIT_OBJECT_0)
+            return;
+    }
+}
+
 } // namespace
 
 clSent SendToTonemill(const XString& programFolder, const XStringArray& paths) {
@@ -61,6 +76,9 @@ clSent SendToTonemill(const XString& programFolder, const XStringArray& paths) {
     XTempFile list;
     if (!list.MakeNew(L"ZtS") || !WriteList(list, files))
         return clSent::failed;
+    // A click that was so slow that it was cut in two still ends in one form: the second Tonemill starts
+    // when the first can take its files.
+    const clNamedTurn turn(UsualGatheringPlace(programFolder).name + L"-starts", turnLimitMs);
     // The user clicked in Explorer: what is started here may come to the front in its place.
     AllowSetForegroundWindow(ASFW_ANY);
     const XKernelHandle process = StartWithList(programFolder, list);
@@ -69,5 +87,6 @@ clSent SendToTonemill(const XString& programFolder, const XStringArray& paths) {
     WaitUntilTaken(process.Get(), list);
     if (!IsFile(list))
         list.Clear(); // gone, and perhaps another's by now
+    WaitForForm(process.Get());
     return clSent::sent;
 }
