@@ -13,8 +13,7 @@ say "building the Windows program and its tests"
 say "checking the sources"
 scripts/lint.sh
 say "building the portable code natively"
-cmake -S . -B build/native -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-    -DTM_FUZZ=ON -DCMAKE_C_COMPILER=clang-14 -DCMAKE_CXX_COMPILER=clang++-14 >build/.configure-native.log 2>&1 ||
+cmake --preset native >build/.configure-native.log 2>&1 ||
     { cat build/.configure-native.log >&2; exit 1; }
 cmake --build build/native | { grep -E 'FAILED|error|warning' || true; } >&2
 
