@@ -2,6 +2,7 @@
 
 #include "plugins/common/TagKeys.h"
 #include "plugins/decoder/AudioStream.h"
+#include "plugins/decoder/OpusGainTags.h"
 
 #include <windows.h>
 
@@ -108,6 +109,8 @@ void CollectTags(const AudioStream& source, const XString& path, XTagList& tags)
         AddDictionary(source.Container()->metadata, tags);
         AddDictionary(source.Stream()->metadata, tags); // Ogg keeps its comments at the stream
     }
+    if (source.Stream()->codecpar->codec_id == AV_CODEC_ID_OPUS)
+        TurnFromOpusGains(tags);
     JoinTotals(tags);
     AddPictures(*source.Container(), tags);
 }
