@@ -220,6 +220,8 @@ XString AudioStream::DamageText() const {
 }
 
 bool AudioStream::SeekTo(std::uint64_t target) {
+    if (!codec && !wideFlac)
+        return false;
     AudioFormatRecord ignored;
     const XString again = path;
     if (target < delivered && !Open(again, ignored))
