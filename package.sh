@@ -30,10 +30,14 @@ zip=$out/Tonemill-$version-portable.zip
 rm -f "$zip"
 (cd "$out" && find "Tonemill-$version" -type f | sort | zip -q -X -9 -@ "$zip")
 
+icon=$build/src/resources/program.ico
+convert -size 164x314 'gradient:#ffffff-#d3e2f4' \( "$icon" -delete 0--2 -resize 96x96 \) \
+    -gravity north -geometry +0+48 -composite -type truecolor "BMP3:$out/.side.bmp"
+
 packaging/list-files.sh "$folder" >"$out/.files.nsh"
 installer=$out/Tonemill-$version-setup.exe
 makensis -V2 -WX -DVERSION="$version" -DFOLDER="$folder" -DFILES="$out/.files.nsh" \
-    -DICON="$build/src/resources/program.ico" -DSIZE="$(du -sk --apparent-size "$folder" | cut -f 1)" \
+    -DICON="$icon" -DPICTURE="$out/.side.bmp" -DSIZE="$(du -sk --apparent-size "$folder" | cut -f 1)" \
     -DOUTPUT="$installer" packaging/Tonemill.nsi
 
 sources=
