@@ -23,6 +23,7 @@ constexpr wchar_t trim[] = L"DSPs\\Trim Silence";
 constexpr wchar_t fade[] = L"DSPs\\Fade";
 constexpr wchar_t removal[] = L"DSPs\\Delete Source File";
 #ifdef TM_HAS_CODECS
+constexpr wchar_t resample[] = L"DSPs\\Resample";
 constexpr wchar_t aac[] = L"encoder\\m4a AAC";
 constexpr wchar_t alac[] = L"encoder\\ALAC";
 constexpr wchar_t flac[] = L"encoder\\FLAC";
@@ -31,7 +32,7 @@ constexpr wchar_t opus[] = L"encoder\\Opus";
 constexpr wchar_t vorbis[] = L"encoder\\Ogg Vorbis";
 constexpr wchar_t wavpack[] = L"encoder\\WavPack";
 constexpr const wchar_t* libraries[] = {wave,     aiff,       wave64,   test,   aac,     alac,
-                                        flac,     mp3,        opus,     vorbis, wavpack, report,
+                                        flac,     mp3,        opus,     vorbis, wavpack, resample, report,
                                         playlist, processors, channels, trim,   fade,    removal};
 #else
 constexpr const wchar_t* libraries[] = {wave,       aiff,     wave64, test, report, playlist,
@@ -104,6 +105,9 @@ constexpr PassRow passRows[] = {
     {fade, L"-out=\"99999\"", L"-out=\"60000\""},
     {removal, L"-otherlength"},
 #ifdef TM_HAS_CODECS
+    {resample, L"-rate=\"Source\" -bits=\"16\" -dither=\"shaped\""},
+    {resample, L"-rate=\"12345\" -quality=\"high\" -only=\"down\" -bits=\"Float\""},
+    {resample, L"-rate=\"1\" -bits=\"8\" -dither=\"none\"", L"-rate=\"1000\" -dither=\"none\""},
     {aac, L""},
     {aac, L"-bitrate=\"100\" -channels=\"2\""},
     {aac, L"-bitrate=\"999\"", L"-bitrate=\"512\""},
@@ -191,6 +195,10 @@ constexpr ChangeRow changeRows[] = {
     {removal, L"", ID_DELETE_OTHER_LENGTH, nullptr, 0, 1, L"-otherlength"},
     {playlist, L"-file=\"a\"", ID_PLAYLIST_ABSOLUTE, nullptr, 0, 1, L"-file=\"a\" -absolute"},
 #ifdef TM_HAS_CODECS
+    {resample, L"-rate=\"48000\" -only=\"down\"", ID_RESAMPLE_BITS, nullptr, VK_DOWN, 2,
+     L"-rate=\"48000\" -only=\"down\" -bits=\"24\"",
+     L"What is above 48000 Hz and 24 bit is brought down to it. All else stays as it is."},
+    {resample, L"-bits=\"16\"", ID_RESAMPLE_RATE, nullptr, VK_DOWN, 1, L"-bits=\"16\" -rate=\"48000\""},
     {aac, L"-bitrate=\"128\"", ID_AAC_CHANNELS, nullptr, VK_END, 1, L"-bitrate=\"128\" -channels=\"2\"",
      L"Constant bit rate: stereo, 128 kbit/s, 1.0 MB a minute"},
     {alac, L"-format=\"16\"", ID_ALAC_FORMAT, nullptr, VK_DOWN, 1, L"-format=\"24\"",
