@@ -1,6 +1,7 @@
 // An effect for the worker's tests. Settings: skip=1 (wants no audio), fail=1 (can't begin), gain=N
 // (multiplies), hold=1 (keeps all until the end), drop=1 (keeps all for good), top=1 (learns the highest
-// sample in a first pass and subtracts it from every sample).
+// sample in a first pass and subtracts it from every sample), tell=1 (adds a tag with a value for each
+// 10000 of that).
 #include "contract/Plugin.h"
 #include "worker_numbers.h"
 
@@ -12,11 +13,12 @@ namespace {
 
 struct FakeEffect {
     std::int64_t gain = 1;
-    bool holds = false, drops = false, learns = false;
+    bool holds = false, drops = false, learns = false, tells = false;
     std::uint32_t channels = 0;
     std::int32_t top = 0;
     std::vector<std::int32_t> samples;
     bool isFlushed = false;
+    std::vector<unsigned char> tags;
 };
 
 FakeEffect& Of(ZtInstance instance) {
@@ -34,7 +36,14 @@ FAKE_EXPORT void DSP_Destroy(ZtInstance instance) {
     delete &Of(instance);
 }
 
-FAKE_EXPORT std::int32_t DSP_Get(ZtInstance, const wchar_t* key, PluginParams* params) {
+FAKE_EXPORT std::int32_t DSP_Get(ZtInstance instance, const wchar_t* key, PluginParams* params) {
+    FakeEffect& self = Of(instance);
+    if (std::wcscmp(key, L"Tags") == 0 && self.tells) {
+        self.tags = OneTag(self.top / 10000);
+        params->data = self.tags.data();
+        params->dataSize = static_cast<std::uint32_t>(self.tags.size());
+        return 1;
+    }
     params->text1 = L"the fake effect's own words";
     return std::wcscmp(key, L"Last Error") == 0;
 }
@@ -54,6 +63,7 @@ FAKE_EXPORT std::int32_t DSP_BeginConversion(ZtInstance instance, DspBeginBlock*
     self.holds = NumberOf(block->settings, L"hold", 0) != 0;
     self.drops = NumberOf(block->settings, L"drop", 0) != 0;
     self.learns = NumberOf(block->settings, L"top", 0) != 0;
+    self.tells = NumberOf(block->settings, L"tell", 0) != 0;
     self.channels = block->format->channels;
     block->wantsNonLive = self.learns;
     if (NumberOf(block->settings, L"fail", 0) != 0)

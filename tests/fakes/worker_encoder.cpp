@@ -8,8 +8,10 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <cwchar>
 #include <vector>
 
@@ -106,6 +108,8 @@ FAKE_EXPORT std::int32_t ENC_BeginConversion(ZtInstance instance, const EncoderB
     FakeHead head;
     head.channels = self.channels;
     head.frequency = block->format->frequency;
+    if (block->tagData)
+        std::memcpy(head.tags, block->tagData, std::min(sizeof(head.tags), std::size_t{block->tagDataSize}));
     return self.file && std::fwrite(&head, sizeof(head), 1, self.file) == 1;
 }
 

@@ -31,9 +31,10 @@ inline std::vector<unsigned char> OneTag(std::int64_t values) {
     return image;
 }
 
-// What the fake encoder writes: this head, then int32 samples.
+// What the fake encoder writes: this head with the beginning of the tags that it got, then int32 samples.
 struct FakeHead {
     char mark[4] = {'F', 'A', 'K', 'E'};
     std::uint32_t channels = 0;
     std::uint32_t frequency = 0;
+    unsigned char tags[48] = {};
 };

@@ -153,6 +153,20 @@ TEST(Worker, AudioPassesThroughTheEffectsInOrder) {
     }
 }
 
+// An effect behind it that learns as well makes it begin anew; it tells once, when all have learned.
+TEST(Worker, AnEffectTellsInTagsWhatItLearned) {
+    ScratchFolder folder;
+    WorkerProcess worker(folder);
+    const XString target = folder.File(L"a.fake");
+    worker.Start(folder.Write(L"a.tone", tone), target, L"",
+                 L" -dspeffect1=\"Fake=top=1 tell=1\" -dspeffect2=\"Fake=top=1\"");
+    ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
+    const std::string content = FileContent(target);
+    ASSERT_EQ(FramesOf(content), 50000u);
+    const std::vector<unsigned char> expected = OneTag(4); // 49999 is the highest sample
+    EXPECT_EQ(std::memcmp(content.data() + offsetof(FakeHead, tags), expected.data(), expected.size()), 0);
+}
+
 TEST(Worker, SourceAndReadOnlyTargetMayBeOneFile) {
     ScratchFolder folder;
     const XString path = folder.File(L"a.fake");
