@@ -24,6 +24,7 @@ constexpr wchar_t fade[] = L"DSPs\\Fade";
 constexpr wchar_t removal[] = L"DSPs\\Delete Source File";
 #ifdef TM_HAS_CODECS
 constexpr wchar_t resample[] = L"DSPs\\Resample";
+constexpr wchar_t gains[] = L"DSPs\\ReplayGain";
 constexpr wchar_t aac[] = L"encoder\\m4a AAC";
 constexpr wchar_t alac[] = L"encoder\\ALAC";
 constexpr wchar_t flac[] = L"encoder\\FLAC";
@@ -31,9 +32,9 @@ constexpr wchar_t mp3[] = L"encoder\\mp3 (Lame)";
 constexpr wchar_t opus[] = L"encoder\\Opus";
 constexpr wchar_t vorbis[] = L"encoder\\Ogg Vorbis";
 constexpr wchar_t wavpack[] = L"encoder\\WavPack";
-constexpr const wchar_t* libraries[] = {wave,     aiff,       wave64,   test,   aac,     alac,
-                                        flac,     mp3,        opus,     vorbis, wavpack, resample, report,
-                                        playlist, processors, channels, trim,   fade,    removal};
+constexpr const wchar_t* libraries[] = {wave,     aiff,       wave64,   test,    aac,      alac,   flac,
+                                        mp3,      opus,       vorbis,   wavpack, resample, gains,  report,
+                                        playlist, processors, channels, trim,    fade,     removal};
 #else
 constexpr const wchar_t* libraries[] = {wave,       aiff,     wave64, test, report, playlist,
                                         processors, channels, trim,   fade, removal};
@@ -105,6 +106,8 @@ constexpr PassRow passRows[] = {
     {fade, L"-out=\"99999\"", L"-out=\"60000\""},
     {removal, L"-otherlength"},
 #ifdef TM_HAS_CODECS
+    {gains, L"-peak=\"True\" -album=\"batch\""},
+    {gains, L"-album=\"off\" -peak=\"loud\"", L"-album=\"off\""},
     {resample, L"-rate=\"Source\" -bits=\"16\" -dither=\"shaped\""},
     {resample, L"-rate=\"12345\" -quality=\"high\" -only=\"down\" -bits=\"Float\""},
     {resample, L"-rate=\"1\" -bits=\"8\" -dither=\"none\"", L"-rate=\"1000\" -dither=\"none\""},
@@ -195,6 +198,9 @@ constexpr ChangeRow changeRows[] = {
     {removal, L"", ID_DELETE_OTHER_LENGTH, nullptr, 0, 1, L"-otherlength"},
     {playlist, L"-file=\"a\"", ID_PLAYLIST_ABSOLUTE, nullptr, 0, 1, L"-file=\"a\" -absolute"},
 #ifdef TM_HAS_CODECS
+    {gains, L"", ID_GAIN_ALBUM, nullptr, VK_DOWN, 3, L"-album=\"off\"",
+     L"Only track gain is written. Album gains of the sources are left out."},
+    {gains, L"-album=\"folder\"", ID_GAIN_PEAK, nullptr, VK_DOWN, 1, L"-album=\"folder\" -peak=\"true\""},
     {resample, L"-rate=\"48000\" -only=\"down\"", ID_RESAMPLE_BITS, nullptr, VK_DOWN, 2,
      L"-rate=\"48000\" -only=\"down\" -bits=\"24\"",
      L"What is above 48000 Hz and 24 bit is brought down to it. All else stays as it is."},

@@ -157,6 +157,7 @@ constexpr Screen screens[] = {
     {"effect-channels", [] { ShowEffectSettingsOf(L"Channels", HoldForPicture); }},
     {"effect-trim", [] { ShowEffectSettingsOf(L"Trim Silence", HoldForPicture); }},
     {"effect-fade", [] { ShowEffectSettingsOf(L"Fade", HoldForPicture); }},
+    {"effect-replaygain", [] { ShowEffectSettingsOf(L"ReplayGain", HoldForPicture); }},
     {"effect-resample", [] { ShowEffectSettingsOf(L"Resample", HoldForPicture); }},
     {"effect-delete", [] { ShowEffectSettingsOf(L"Delete Source File", HoldForPicture); }},
     {"effect-missing", [] { ShowEffectSettingsOf(L"No such effect", HoldForPicture); }},
