@@ -25,6 +25,7 @@ constexpr wchar_t removal[] = L"DSPs\\Delete Source File";
 #ifdef TM_HAS_CODECS
 constexpr wchar_t resample[] = L"DSPs\\Resample";
 constexpr wchar_t gains[] = L"DSPs\\ReplayGain";
+constexpr wchar_t volume[] = L"DSPs\\Volume";
 constexpr wchar_t aac[] = L"encoder\\m4a AAC";
 constexpr wchar_t alac[] = L"encoder\\ALAC";
 constexpr wchar_t flac[] = L"encoder\\FLAC";
@@ -32,9 +33,9 @@ constexpr wchar_t mp3[] = L"encoder\\mp3 (Lame)";
 constexpr wchar_t opus[] = L"encoder\\Opus";
 constexpr wchar_t vorbis[] = L"encoder\\Ogg Vorbis";
 constexpr wchar_t wavpack[] = L"encoder\\WavPack";
-constexpr const wchar_t* libraries[] = {wave,     aiff,       wave64,   test,    aac,      alac,   flac,
-                                        mp3,      opus,       vorbis,   wavpack, resample, gains,  report,
-                                        playlist, processors, channels, trim,    fade,     removal};
+constexpr const wchar_t* libraries[] = {wave,     aiff,       wave64,   test,    aac,      alac,    flac,
+                                        mp3,      opus,       vorbis,   wavpack, resample, gains,   report,
+                                        playlist, processors, channels, trim,    fade,     removal, volume};
 #else
 constexpr const wchar_t* libraries[] = {wave,       aiff,     wave64, test, report, playlist,
                                         processors, channels, trim,   fade, removal};
@@ -111,6 +112,11 @@ constexpr PassRow passRows[] = {
     {resample, L"-rate=\"Source\" -bits=\"16\" -dither=\"shaped\""},
     {resample, L"-rate=\"12345\" -quality=\"high\" -only=\"down\" -bits=\"Float\""},
     {resample, L"-rate=\"1\" -bits=\"8\" -dither=\"none\"", L"-rate=\"1000\" -dither=\"none\""},
+    {volume, L"-over=\"Limit\" -loudness=\"-23\" -limit=\"-1\""},
+    {volume, L"-gain=\"-0.25\" -limit=\"-2.5\" -x"},
+    {volume, L"-peak=\"-1,5\" -gain=\"4\"", L"-peak=\"-1.5\""},
+    {volume, L"-gain=\"99\" -limit=\"7\" -over=\"x\"", L"-gain=\"60\" -limit=\"0\""},
+    {volume, L"-loudness=\"loud\" -limit=\"OFF\"", L"-limit=\"OFF\""},
     {aac, L""},
     {aac, L"-bitrate=\"100\" -channels=\"2\""},
     {aac, L"-bitrate=\"999\"", L"-bitrate=\"512\""},
@@ -205,6 +211,18 @@ constexpr ChangeRow changeRows[] = {
      L"-rate=\"48000\" -only=\"down\" -bits=\"24\"",
      L"What is above 48000 Hz and 24 bit is brought down to it. All else stays as it is."},
     {resample, L"-bits=\"16\"", ID_RESAMPLE_RATE, nullptr, VK_DOWN, 1, L"-bits=\"16\" -rate=\"48000\""},
+    {volume, L"", ID_VOLUME_VALUE, L"-14.5", 0, 0, L"-loudness=\"-14.5\"",
+     L"Every file becomes as loud as -14.5 LUFS (EBU R128), or less, so that no true peak is above -1 dBTP."},
+    {volume, L"-loudness=\"-16\" -limit=\"-3\"", ID_VOLUME_MODE, nullptr, VK_DOWN, 1, L"-peak=\"-1\"",
+     L"The highest sample of every file comes to -1 dBFS; what goes above full scale is clipped."},
+    {volume, L"-gain=\"-3\"", ID_VOLUME_HAS_LIMIT, nullptr, 0, 1, L"-gain=\"-3\" -limit=\"-1\"",
+     L"Everything becomes 3 dB quieter, or less, so that no true peak is above -1 dBTP."},
+    {volume, L"-limit=\"-2\"", ID_VOLUME_HAS_LIMIT, nullptr, 0, 1, L"-limit=\"off\""},
+    {volume, L"-gain=\"6\"", ID_VOLUME_VALUE, L"x", 0, 0, L"-gain=\"0\"",
+     L"Nothing is made louder or quieter."},
+    {volume, L"-limit=\"-2\"", ID_VOLUME_OVER, nullptr, VK_DOWN, 1, L"-limit=\"-2\" -over=\"limit\"",
+     L"Every file becomes as loud as -23 LUFS (EBU R128); where a true peak would come above -2 dBTP, it is "
+     L"limited for that moment."},
     {aac, L"-bitrate=\"128\"", ID_AAC_CHANNELS, nullptr, VK_END, 1, L"-bitrate=\"128\" -channels=\"2\"",
      L"Constant bit rate: stereo, 128 kbit/s, 1.0 MB a minute"},
     {alac, L"-format=\"16\"", ID_ALAC_FORMAT, nullptr, VK_DOWN, 1, L"-format=\"24\"",

@@ -155,6 +155,7 @@ constexpr Screen screens[] = {
     {"effect-settings", [] { ShowEffectSettingsOf(L"Playlist Writer", HoldForPicture); }},
     {"effect-processors", [] { ShowEffectSettingsOf(L"Multi-CPU Force", HoldForPicture); }},
     {"effect-channels", [] { ShowEffectSettingsOf(L"Channels", HoldForPicture); }},
+    {"effect-volume", [] { ShowEffectSettingsOf(L"Volume", HoldForPicture); }},
     {"effect-trim", [] { ShowEffectSettingsOf(L"Trim Silence", HoldForPicture); }},
     {"effect-fade", [] { ShowEffectSettingsOf(L"Fade", HoldForPicture); }},
     {"effect-replaygain", [] { ShowEffectSettingsOf(L"ReplayGain", HoldForPicture); }},
