@@ -14,19 +14,6 @@ namespace {
 constexpr wchar_t handOffFile[] = L"Zephtone\\AddFilesToExistingTM.bin";
 constexpr DWORD maxBytes = 0x40000000; // far above any list; one read takes no more
 
-bool Append(XFile& file, const XString& text) {
-    LARGE_INTEGER end{};
-    if (!SetFilePointerEx(file.handle, {}, &end, FILE_END))
-        return false;
-    const auto bytes = static_cast<DWORD>(text.Count()) * sizeof(wchar_t);
-    if (file.Write(text.Text(), static_cast<DWORD>(bytes)))
-        return true;
-    // A full disk: half a list would be worse than none, as the sender keeps its own.
-    if (SetFilePointerEx(file.handle, end, nullptr, FILE_BEGIN))
-        SetEndOfFile(file.handle);
-    return false;
-}
-
 bool ReadAll(XFile& file, XBuffer& out) {
     LARGE_INTEGER size{};
     if (!GetFileSizeEx(file.handle, &size) || size.QuadPart > maxBytes ||
@@ -72,7 +59,7 @@ bool TryHandOff(const XString& listPath) {
     }
     XFile file(HandOffPath());
     MakeFolders(FolderOf(file.path));
-    if (!file.Open(GENERIC_WRITE, OPEN_ALWAYS, false, false) || !Append(file, text))
+    if (!file.Open(GENERIC_WRITE, OPEN_ALWAYS, false, false) || !AppendWhole(file, text))
         return false;
     SetEvent(event.Get());
     AllowSetForegroundWindow(ASFW_ANY); // the form comes forward on its own, without the user's input

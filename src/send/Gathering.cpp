@@ -14,33 +14,22 @@
 
 namespace {
 
-bool AppendText(XFile& file, const XString& text) {
-    LARGE_INTEGER end{};
-    if (!SetFilePointerEx(file.handle, {}, &end, FILE_END))
-        return false;
-    const auto bytes = static_cast<DWORD>(text.Count() * static_cast<int>(sizeof(wchar_t)));
-    if (file.Write(text.Text(), bytes))
-        return true;
-    // A full disk: what this process can't hand over whole it keeps.
-    if (SetFilePointerEx(file.handle, end, nullptr, FILE_BEGIN))
-        SetEndOfFile(file.handle);
-    return false;
-}
-
 bool AppendToSpool(const XString& path, DWORD disposition, const XString& text) {
     XFile spool(path);
-    return spool.Open(GENERIC_WRITE, disposition, false, false) && AppendText(spool, text);
+    return spool.Open(GENERIC_WRITE, disposition, false, false) && AppendWhole(spool, text);
 }
 
 void WaitForQuiet(HANDLE arrival, const clGatheringPlace& place) {
     const ULONGLONG start = GetTickCount64();
-    for (;;) {
-        const ULONGLONG elapsed = GetTickCount64() - start;
-        if (elapsed >= place.longestMs)
-            return;
-        const auto wait = std::min<ULONGLONG>(place.quietMs, place.longestMs - elapsed);
+    std::uint32_t quietMs = place.quietMs;
+    ULONGLONG last = start; // arrival
+    while (last - start < place.longestMs) {
+        const auto wait = std::min<ULONGLONG>(quietMs, place.longestMs - (last - start));
         if (WaitForSingleObject(arrival, static_cast<DWORD>(wait)) != WAIT_OBJECT_0)
             return;
+        const ULONGLONG now = GetTickCount64();
+        quietMs = QuietAfter(quietMs, now - last);
+        last = now;
     }
 }
 
@@ -66,6 +55,12 @@ std::uint64_t HashOf(const XString& text) {
 }
 
 } // namespace
+
+std::uint32_t QuietAfter(std::uint32_t quietMs, std::uint64_t delayMs) {
+    constexpr std::uint64_t times = 3;
+    constexpr std::uint64_t most = 2000;
+    return std::max(quietMs, static_cast<std::uint32_t>(std::min(times * delayMs, most)));
+}
 
 clGatheringPlace UsualGatheringPlace(const XString& programFolder) {
     clGatheringPlace place;

@@ -13,6 +13,9 @@ struct clGatheringPlace {
     std::uint32_t longestMs = 10000; // from the first arrival, whatever comes still
     std::uint32_t busyMs = 5000;     // so long the others may keep the spool
 };
+// A machine that takes `delayMs` to start a process, or lets that much pass between two of one click, is
+// busy: the quiet has to last longer there, up to two seconds. The answer is never below `quietMs`.
+[[nodiscard]] std::uint32_t QuietAfter(std::uint32_t quietMs, std::uint64_t delayMs);
 [[nodiscard]] clGatheringPlace UsualGatheringPlace(const XString& programFolder);
 
 enum class clGathered {

@@ -24,11 +24,22 @@ XString FullPath(const XString& path) {
     return full;
 }
 
-// Ticks of 100 ns; 0 if unknown.
+std::uint64_t Ticks(const FILETIME& time) {
+    return std::uint64_t(time.dwHighDateTime) << 32 | time.dwLowDateTime;
+}
+
+// Ticks of 100 ns.
 std::uint64_t StartTime() {
     FILETIME created{}, exited{}, kernel{}, user{};
-    GetProcessTimes(GetCurrentProcess(), &created, &exited, &kernel, &user);
-    return std::uint64_t(created.dwHighDateTime) << 32 | created.dwLowDateTime;
+    if (!GetProcessTimes(GetCurrentProcess(), &created, &exited, &kernel, &user))
+        GetSystemTimeAsFileTime(&created);
+    return Ticks(created);
+}
+
+std::uint64_t MillisecondsSince(std::uint64_t start) {
+    FILETIME now{};
+    GetSystemTimeAsFileTime(&now);
+    return Ticks(now) > start ? (Ticks(now) - start) / 10000 : 0;
 }
 
 void Complain(const wchar_t* text) {
@@ -39,7 +50,10 @@ int SendPaths(const XStringArray& words) {
     XStringArray paths;
     for (const XString& word : words)
         paths.AddString(FullPath(word));
-    if (GatherPaths(UsualGatheringPlace(ProgramFolder()), StartTime(), paths) == clGathered::handedOver)
+    const std::uint64_t start = StartTime();
+    clGatheringPlace place = UsualGatheringPlace(ProgramFolder());
+    place.quietMs = QuietAfter(place.quietMs, MillisecondsSince(start));
+    if (GatherPaths(place, start, paths) == clGathered::handedOver)
         return exitGood;
     switch (SendToTonemill(ProgramFolder(), paths)) {
     case clSent::sent:

@@ -8,6 +8,7 @@
 #include "host/DecoderCatalogue.h"
 #include "host/DroppedFiles.h"
 #include "host/HandOff.h"
+#include "host/ListFile.h"
 #include "send/Gathering.h"
 #include "send/NamedTurn.h"
 #include "send/SendText.h"
@@ -30,10 +31,8 @@ void FilesOf(const XStringArray& paths, XStringArray& found) {
 }
 
 bool WriteList(const XString& path, const XStringArray& files) {
-    const XString text = ListText(files);
     XFile file(path);
-    return file.Open(GENERIC_WRITE, CREATE_ALWAYS, false, false) &&
-           file.Write(text.Text(), static_cast<DWORD>(text.Count() * static_cast<int>(sizeof(wchar_t))));
+    return file.Open(GENERIC_WRITE, CREATE_ALWAYS, false, false) && AppendWhole(file, ListText(files));
 }
 
 XKernelHandle StartWithList(const XString& programFolder, const XString& list) {

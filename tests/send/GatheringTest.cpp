@@ -50,6 +50,18 @@ TEST_F(Gathering, EachPathEndsInOneListOnce) {
     }
 }
 
+TEST_F(Gathering, TheQuietLastsLongerOnABusyMachine) {
+    struct Row {
+        std::uint32_t quietMs;
+        std::uint64_t delayMs;
+        std::uint32_t expected;
+    };
+    constexpr Row rows[] = {
+        {300, 0, 300}, {300, 100, 300}, {300, 150, 450}, {900, 150, 900}, {300, ~0u, 2000}};
+    for (const Row& row : rows)
+        EXPECT_EQ(QuietAfter(row.quietMs, row.delayMs), row.expected) << row.delayMs;
+}
+
 TEST_F(Gathering, KeepsItsPathsWhenTheSpoolCannotBeUsed) {
     XStringArray paths;
     paths.AddString(L"C:\\a");
