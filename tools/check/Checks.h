@@ -23,7 +23,7 @@ inline constexpr StageRow stages[] = {
     {PluginKind::decoder, L"keys", CheckKeys},
     {PluginKind::decoder, L"formats that it decodes", CheckDecoderKeys},
     {PluginKind::decoder, L"refusal of bad files", CheckDecoderFailures},
-    {PluginKind::decoder, L"decoding of the sample files", CheckDecoderSamples},
+    {PluginKind::decoder, L"decoding of samples", CheckDecoderSamples},
     {PluginKind::encoder, L"keys", CheckKeys},
     {PluginKind::encoder, L"answers of an encoder", CheckEncoderKeys},
     {PluginKind::encoder, L"panel", CheckPanel},

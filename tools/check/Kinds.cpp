@@ -42,13 +42,13 @@ int CountPresent(const PeImage& image, const KindRow& row) {
     return count;
 }
 
-// "_ENC_Get@24", "?ENC_Get@@YA..." and other spellings are names of another function to the loader.
+// "_ENC_Get@24", "?ENC_Get@@YA..." and "_Z7ENC_Get..." are names of another function to the loader.
 bool IsSpellingOf(const XString& found, const XString& wanted) {
-    const int at = found.Find(wanted, 1, true);
-    if (at < 1 || at > 2)
-        return false;
-    const wchar_t next = found.CharAt(at + wanted.Count());
-    return (at == 1 || found.CharAt(1) == L'_' || found.CharAt(1) == L'?') && (next == 0 || next == L'@');
+    for (const XString& head : {wanted + L"@", XString(L"_") + wanted + L"@", XString(L"?") + wanted + L"@",
+                                XString(L"_Z") + DecimalText(wanted.Count()) + wanted})
+        if (found.StartsWith(head))
+            return true;
+    return false;
 }
 
 } // namespace

@@ -21,26 +21,26 @@ bool IsReadable(const void* address, std::size_t& bytes) {
     return true;
 }
 
-// False if memory ends before the text does.
+// False if memory ends before the text does. Takes no memory before it knows the length: what it took
+// might be that of a text which was freed already.
 bool CopyText(const wchar_t* text, XString& copy) {
     std::size_t readable = 0;
-    std::vector<wchar_t> units;
-    for (const wchar_t* at = text; units.size() < longestText; ++at) {
-        if (readable < sizeof(wchar_t) && !IsReadable(at, readable))
+    for (int length = 0; length < longestText; ++length) {
+        if (readable < sizeof(wchar_t) && !IsReadable(text + length, readable))
             return false;
         readable -= sizeof(wchar_t);
-        units.push_back(*at);
-        if (*at == 0) {
-            copy = units.data();
+        if (text[length] == 0) {
+            copy.Assign(text, length + 1);
             return true;
         }
     }
     return false;
 }
 
-// Writes over memory that is free, so that a text in it does not look alive.
-void UseFreedMemory(std::size_t bytes) {
+// Whether a text stays although all memory that is free gets used: what was freed gets written over.
+bool OutlivesUseOfMemory(const wchar_t* text, const XString& copy) {
     constexpr int blocks = 64;
+    const std::size_t bytes = (static_cast<std::size_t>(copy.Count()) + 1) * sizeof(wchar_t);
     void* taken[2 * blocks];
     for (int i = 0; i < blocks; ++i) {
         taken[2 * i] = std::malloc(bytes);
@@ -49,17 +49,20 @@ void UseFreedMemory(std::size_t bytes) {
             if (block)
                 std::memset(block, 0xE7, bytes);
     }
+    const bool isAlive = IsStill(text, copy);
     for (int i = 0; i < blocks; ++i) {
         std::free(taken[2 * i]);
         HeapFree(GetProcessHeap(), 0, taken[2 * i + 1]);
     }
+    return isAlive;
 }
 
 template <class Function>
 void Bind(const Library& library, Function& function, const wchar_t* name, bool& isComplete) {
     std::string narrow;
-    for (const wchar_t* at = library.Name(name); *at; ++at)
-        narrow += static_cast<char>(*at);
+    const XString full = library.Name(name);
+    for (int i = 1; i <= full.Count(); ++i)
+        narrow += static_cast<char>(full.CharAt(i));
     function = reinterpret_cast<Function>(
         reinterpret_cast<void*>(GetProcAddress(library.module.Get(), narrow.c_str())));
     isComplete = isComplete && function != nullptr;
@@ -154,9 +157,9 @@ XString TakeText(Checked& checked, const XString& subject, const wchar_t* text, 
         checked.report.Broken(subject + L" returned a text that can't be read to a terminator");
         return XString();
     }
-    UseFreedMemory((static_cast<std::size_t>(copy.Count()) + 1) * sizeof(wchar_t));
-    checked.report.Demand(IsStill(text, copy), subject + L" returned a text that did not live until the next "
-                                                         L"call: keep it in the instance");
+    checked.report.Demand(OutlivesUseOfMemory(text, copy),
+                          subject + L" returned a text that did not live until the next call: keep it in the "
+                                    L"instance");
     return copy;
 }
 

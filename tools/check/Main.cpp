@@ -12,13 +12,14 @@ enum ExitCode { exitKept = 0, exitBroken = 1, exitNotChecked = 2 };
 constexpr const wchar_t* usage[] = {
     L"Checks whether a plug-in library keeps the contract of contract/Plugin.h.",
     L"",
-    L"    ZtCheck.exe PLUGIN.dll [-decoder=DECODER.dll] [sample files...]",
+    L"    ZtCheck.exe PLUGIN.dll [-decoder=DECODER.dll] [-only=STAGE] [sample files...]",
     L"",
     L"The kind is that of its folder (decoder, encoder, DSPs), else that of its exports. Sample files are",
     L"for decoders. An encoder's outputs are read by the decoder that is named, else by one of the program",
-    L"that this folder belongs to. Exit code: 0 all kept, 1 something is broken, 2 not checked.",
+    L"that this folder belongs to. STAGE is keys, answers, panel, encoding, audio, formats, refusal or",
+    L"samples. Exit code: 0 all kept, 1 something is broken, 2 not checked.",
 };
-constexpr wchar_t decoderSwitch[] = L"-decoder=";
+constexpr wchar_t decoderSwitch[] = L"-decoder=", onlySwitch[] = L"-only=";
 
 XString FullPath(const wchar_t* path) {
     wchar_t full[4096] = L"";
@@ -105,6 +106,8 @@ int wmain(int count, wchar_t** arguments) {
         const XString argument = arguments[i];
         if (argument.StartsWith(decoderSwitch))
             task.judge = FullPath(argument.From(TextLength(decoderSwitch) + 1));
+        else if (argument.StartsWith(onlySwitch))
+            task.only = argument.From(TextLength(onlySwitch) + 1);
         else if (task.plugin.IsEmpty() && !argument.StartsWith(L"-"))
             task.plugin = FullPath(argument);
         else if (!argument.StartsWith(L"-"))

@@ -195,30 +195,38 @@ void CheckOddEnds(Panel& panel) {
     checked.report.Ok(L"a form that goes before its panel does no harm");
 }
 
-// The slots that new objects get where the system does not count them: free ones come before new ones.
-template <class Make, class Free>
-DWORD HighestSlot(Make make, Free free) {
-    std::vector<decltype(make())> made;
+// Where the system does not count objects, the slots that new ones get tell: free ones come before new ones.
+DWORD DrawingObjects() {
+    const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    if (count != 0)
+        return count;
+    HPEN pens[500];
     DWORD highest = 0;
-    for (int i = 0; i < 500; ++i) {
-        made.push_back(make());
-        highest = std::max(highest, static_cast<DWORD>(LOWORD(reinterpret_cast<ULONG_PTR>(made.back()))));
+    for (HPEN& pen : pens) {
+        pen = CreatePen(PS_SOLID, 1, 0);
+        highest = std::max(highest, static_cast<DWORD>(LOWORD(reinterpret_cast<ULONG_PTR>(pen))));
     }
-    for (const auto object : made)
-        free(object);
+    for (const HPEN pen : pens)
+        DeleteObject(pen);
     return highest;
 }
 
-DWORD DrawingObjects() {
-    const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    return count != 0
-               ? count
-               : HighestSlot([] { return CreatePen(PS_SOLID, 1, 0); }, [](HPEN pen) { DeleteObject(pen); });
-}
-
+// The same of windows and menus, whose slots all processes share: there the menus are tried one by one by
+// the low word of their handles, and the windows of the thread enumerated.
 DWORD UserObjects() {
-    const DWORD count = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
-    return count != 0 ? count : HighestSlot(CreatePopupMenu, [](HMENU menu) { DestroyMenu(menu); }) / 2;
+    DWORD count = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    if (count != 0)
+        return count;
+    for (ULONG_PTR slot = 0; slot < 0x10000; slot += 2)
+        count += IsMenu(reinterpret_cast<HMENU>(slot)) ? 1 : 0;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND, LPARAM data) -> BOOL {
+            ++*reinterpret_cast<DWORD*>(data);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&count));
+    return count;
 }
 
 void CheckLeaks(Panel& panel) {

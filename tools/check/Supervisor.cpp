@@ -213,7 +213,8 @@ XString CheckedProgramFolder() {
 
 bool RunStages(const Task& task, Output& output) {
     for (int number = 0; number < static_cast<int>(std::size(stages)); ++number) {
-        if (stages[number].kind != task.kind)
+        if (stages[number].kind != task.kind ||
+            (!task.only.IsEmpty() && XString(stages[number].what).Find(task.only) == 0))
             continue;
         const int code = Stage(task, number, output).Run();
         if (code == -1)

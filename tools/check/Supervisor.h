@@ -9,6 +9,7 @@ struct Task {
     XString plugin; // full path
     PluginKind kind = PluginKind::encoder;
     XString judge;
+    XString only;         // in the names of stages; empty: all
     XStringArray samples; // full paths
 };
 
