@@ -147,7 +147,8 @@ struct DspAudioBlock {
 //   track and disc are "3" or "3/12". "replaygain_track_gain" and its kin keep their usual names.
 // Cover art: key "picture", value "TYPE;MIME;DESCRIPTION" where TYPE is the number of the ID3v2 picture
 //   type (3 is the front cover), blob the file's bytes. Several pictures are several records.
-// Property keys: "Encoder", "Encoder Settings", "protected", "ID Tag", "Audio Quality", "gapless".
+// Property keys: "Encoder", "Encoder Settings" ("-V2"), "protected" and "gapless" ("Yes" or "No"),
+//   "ID Tag" ("ID3v2.3 & ID3v1.1"), "Audio Quality" ("Perfect (Lossless)", "Medium (Lossy)").
 
 // ---- Decoders -----------------------------------------------------------------------------------
 
@@ -155,7 +156,7 @@ typedef ZtInstance (*DecoderCreate)(PluginCreateBlock*); // null on failure
 typedef void (*DecoderDestroy)(ZtInstance);              // closes what is open
 // Keys: "Decodes"             index 0, 1, 2...: text1 one extension with its dot, text2 what users call
 //                             the format; 0 behind the last
-//       "Decoder Description" text1
+//       "Decoder Description" text1: of the format that was the last answer to "Decodes", else of all
 //       "Last Error"          text1: why the last Open, DecodeBlock or SetPosition failed
 //       "Information"         text1: what the user should know of the file that was decoded to its end,
 //                             lines separated by LF

@@ -14,7 +14,7 @@ build=(g++ clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 googletest
     wine wine64 fonts-wine xvfb xdotool imagemagick git)
 
 # independent tools that outputs are compared with
-checks=(ffmpeg flac sox lame opus-tools vorbis-tools wavpack)
+checks=(ffmpeg flac sox lame opus-tools vorbis-tools wavpack python3-mutagen)
 
 # recordings that tests read
 samples=(alsa-utils frozen-bubble-data sound-theme-freedesktop)

@@ -96,8 +96,9 @@ std::int32_t SourceReader::Read() {
     if (count == 0)
         return IsEndSound() ? 0 : -1;
     if (count < 0 || static_cast<std::uint32_t>(count) > blockFrames) {
-        Error(XString(L"the file is damaged after ") + PlayTimeText(FramesToMs(position, format.frequency)) +
-              LastError());
+        Error(position == 0 ? L"nothing of it could be decoded" + LastError()
+                            : XString(L"the file is damaged after ") +
+                                  PlayTimeText(FramesToMs(position, format.frequency)) + LastError());
         return -1;
     }
     position += static_cast<std::uint32_t>(count);

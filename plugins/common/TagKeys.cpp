@@ -36,6 +36,7 @@ constexpr const wchar_t* technical[] = {
     L"DURATION",
     L"ENCODING",
     L"ENCODERSETTINGS",
+    L"ENCODER_OPTIONS",
     L"ENCODEDBY",
     L"GAPLESS_PLAYBACK",
     L"ITUNSMPB",

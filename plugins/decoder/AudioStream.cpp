@@ -45,7 +45,7 @@ void AudioStream::Close() noexcept {
     current = nullptr;
     offset = 0;
     sampleFormat = -1;
-    flushed = lossless = false;
+    flushed = lossless = isProtected = false;
     exactFrames = expectedFrames = delivered = 0;
     packets = damaged = 0;
 }
@@ -220,7 +220,7 @@ XString AudioStream::DamageText() const {
 }
 
 bool AudioStream::SeekTo(std::uint64_t target) {
-    if (!codec && !wideFlac)
+    if (isProtected || (!codec && !wideFlac))
         return false;
     AudioFormatRecord ignored;
     const XString again = path;

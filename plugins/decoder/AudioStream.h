@@ -36,6 +36,8 @@ public:
     [[nodiscard]] const XString& Error() const noexcept { return error; }
     // What was passed over so far; empty if nothing was.
     [[nodiscard]] XString DamageText() const;
+    // Against copying: it opens, and none of it can be decoded.
+    [[nodiscard]] bool IsProtected() const noexcept { return isProtected; }
     [[nodiscard]] AVFormatContext* Container() const noexcept { return container; } // borrowed
     [[nodiscard]] AVStream* Stream() const noexcept { return stream; }              // borrowed
 
@@ -43,6 +45,9 @@ private:
     enum class Step { frame, end, damage };
 
     [[nodiscard]] bool OpenContainer();
+    [[nodiscard]] bool FindStream();
+    void LearnProtection();
+    void DescribeProtected(AudioFormatRecord& record);
     [[nodiscard]] bool OpenCodec();
     void LearnLength();
     void LearnGaplessLength();
@@ -76,6 +81,7 @@ private:
     SampleLayout layout;
     AudioChecksum checksum;
     std::unique_ptr<WideFlac> wideFlac; // decodes in place of the codec
+    bool isProtected = false;
     bool lossless = false;
     bool flushed = false;
     std::uint64_t exactFrames = 0;    // 0: the container does not tell exactly

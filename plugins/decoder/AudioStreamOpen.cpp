@@ -1,6 +1,7 @@
 // Opening a source: container, codec, and what they tell of length and format.
 #include "plugins/decoder/AudioStream.h"
 
+#include "plugins/decoder/FileMarks.h"
 #include "plugins/decoder/WaveLength.h"
 
 #include <windows.h>
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <vector>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -25,6 +27,36 @@ constexpr int streamInfoBytes = 34; // of FLAC, the checksum last
 
 bool Is(const char* name, const char* wanted) {
     return std::strcmp(name, wanted) == 0;
+}
+
+constexpr wchar_t protectedText[] = L"The source is protected against copying";
+constexpr std::int64_t mostIndexBytes = 1 << 20; // what stands before the first packet's place is less
+constexpr int mostBoxes = 1000;
+
+// Finds the index among the outer boxes.
+bool IsProtectedMp4(FileInput& file) {
+    const std::int64_t size = file.Size();
+    std::int64_t at = 0;
+    for (int i = 0; i < mostBoxes && at + 8 <= size; ++i) {
+        unsigned char head[16] = {};
+        if (!file.Rewind(at) || file.Read(head, sizeof head) < 8)
+            return false;
+        std::uint64_t told = 0;
+        const bool isLarge = head[0] == 0 && head[1] == 0 && head[2] == 0 && head[3] == 1;
+        for (int k = isLarge ? 8 : 0; k < (isLarge ? 16 : 4); ++k)
+            told = told << 8 | head[k];
+        const std::uint64_t left = static_cast<std::uint64_t>(size - at);
+        if (std::memcmp(head + 4, "moov", 4) == 0) {
+            std::vector<unsigned char> moov(
+                static_cast<std::size_t>(std::min({told, left, static_cast<std::uint64_t>(mostIndexBytes)})));
+            const int got = file.Rewind(at) ? file.Read(moov.data(), static_cast<unsigned>(moov.size())) : 0;
+            return got > 0 && HasProtectedAudio(moov.data(), static_cast<std::size_t>(got));
+        }
+        if (told < 8 || told > left)
+            return false;
+        at += static_cast<std::int64_t>(told);
+    }
+    return false;
 }
 
 // Containers of these codecs tell the number of frames to the frame.
@@ -62,6 +94,11 @@ bool AudioStream::OpenContainer() {
         Fail(L"Unsupported or damaged source", opened);
         return false;
     }
+    LearnProtection();
+    return true;
+}
+
+bool AudioStream::FindStream() {
     const int found = avformat_find_stream_info(container, nullptr);
     if (found < 0) {
         Fail(L"Unsupported or damaged source", found);
@@ -103,6 +140,27 @@ bool AudioStream::OpenCodec() {
         return false;
     }
     return true;
+}
+
+void AudioStream::LearnProtection() {
+    FileInput file;
+    XString ignored;
+    if (std::strstr(container->iformat->name, "mp4"))
+        isProtected = file.Open(path, ignored) && IsProtectedMp4(file);
+    // Of the encryption objects in a Windows Media header.
+    for (const char* key : {"encryption", "ASF_Protection_Type"})
+        isProtected = isProtected || av_dict_get(container->metadata, key, nullptr, 0);
+}
+
+void AudioStream::DescribeProtected(AudioFormatRecord& record) {
+    const AVCodecParameters& parameters = *stream->codecpar;
+    record = AudioFormatRecord{};
+    record.sampleKind = ztSampleFloat;
+    record.sampleBytes = 4;
+    record.bitsPerSample = 32;
+    record.channels = static_cast<std::uint16_t>(std::max(1, parameters.ch_layout.nb_channels));
+    record.frequency = static_cast<std::uint32_t>(std::max(1, parameters.sample_rate));
+    record.lengthMs = static_cast<std::uint64_t>(std::max<std::int64_t>(0, container->duration) / 1000);
 }
 
 // How many frames the container tells, and whether it can be relied on.
@@ -180,7 +238,16 @@ bool AudioStream::Open(const XString& source, AudioFormatRecord& record) {
     Close();
     path = source;
     error.Clear();
-    if (OpenContainer() && stream->codecpar->codec_id == AV_CODEC_ID_FLAC && OpenWideFlac(record))
+    if (!OpenContainer())
+        return false;
+    const bool isFound = FindStream();
+    if (isProtected && isFound)
+        DescribeProtected(record);
+    if (isProtected) {
+        error = protectedText;
+        return isFound;
+    }
+    if (isFound && stream->codecpar->codec_id == AV_CODEC_ID_FLAC && OpenWideFlac(record))
         return true;
     if (!stream || !OpenCodec()) {
         if (error.IsEmpty())

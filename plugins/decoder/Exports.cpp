@@ -3,7 +3,7 @@
 #include "contract/Plugin.h"
 #include "plugins/decoder/AudioStream.h"
 #include "plugins/decoder/Formats.h"
-#include "plugins/decoder/Tags.h"
+#include "plugins/decoder/Properties.h"
 
 #include <new>
 
@@ -27,6 +27,7 @@ public:
     XString information; // the answer to the last question for it
 
 private:
+    const DecoderFormat* lastNamed = nullptr;
     XTagList tags;
     XTagList properties;
     XBuffer tagImage; // lives until Close, as the contract says
@@ -43,8 +44,8 @@ bool Decoder::Open(DecoderOpenBlock& block) {
     }
     if (block.wanted != ztOpenAll)
         return true;
-    CollectTags(stream, path, tags);
-    CollectProperties(stream, properties);
+    const TagLibFacts facts = CollectTags(stream, path, tags);
+    CollectProperties(stream, path, facts, tags.Count() > 0, properties);
     if (tags.Count() > 0 && tags.Serialize(tagImage)) {
         block.tagData = tagImage.data;
         block.tagDataSize = static_cast<std::uint32_t>(tagImage.size);
@@ -79,14 +80,18 @@ std::int32_t Decoder::Get(const wchar_t* key, PluginParams& parameters) {
     const XString name = key;
     if (name == ZtKey::decodes) {
         const DecoderFormat* format = FormatAt(parameters.index);
-        if (!format)
+        if (!format) {
+            lastNamed = nullptr;
             return 0;
+        }
+        lastNamed = format;
         parameters.text1 = format->extension;
         parameters.text2 = format->description;
         return 1;
     }
     if (name == ZtKey::decoderDescription) {
-        parameters.text1 = description;
+        // Who looks for a format asks for one after the other and stops at it.
+        parameters.text1 = lastNamed ? lastNamed->description : description;
         return 1;
     }
     if (name == ZtKey::information) {

@@ -12,6 +12,7 @@ constexpr DecoderFormat formats[] = {
     {L".mpa", L"MPEG Audio"},
     {L".m4a", L"MPEG-4 Audio"},
     {L".m4b", L"MPEG-4 Audio"},
+    {L".m4p", L"MPEG-4 Audio"}, // to say that it is protected
     {L".m4r", L"MPEG-4 Audio"},
     {L".mp4", L"MPEG-4 Audio"},
     {L".mov", L"QuickTime Audio"},

@@ -1,11 +1,19 @@
 // Text tags by TagLib. This file keeps TagLib's headers away from the others.
 #include "foundation/XPath.h"
 #include "plugins/common/TagKeys.h"
+#include "plugins/decoder/FileMarks.h"
 #include "plugins/decoder/Tags.h"
 
+#include <taglib/aifffile.h>
+#include <taglib/asffile.h>
 #include <taglib/fileref.h>
+#include <taglib/flacfile.h>
+#include <taglib/id3v2header.h>
+#include <taglib/id3v2tag.h>
 #include <taglib/mp4file.h>
 #include <taglib/tpropertymap.h>
+#include <taglib/wavfile.h>
+#include <taglib/xiphcomment.h>
 
 static_assert(sizeof(wchar_t) == 2, "TagLib's texts are copied as UTF-16");
 
@@ -25,11 +33,42 @@ void AddFreeItems(const TagLib::MP4::File& file, const TagLib::StringList& names
         }
 }
 
-bool AddAll(const XString& path, XTagList& tags) {
+void AddId3Kind(const TagLib::ID3v2::Tag* tag, XString& kinds) {
+    if (tag && tag->header())
+        AddTagKind(kinds, L"ID3v2." + DecimalText(tag->header()->majorVersion()));
+}
+
+// Kinds that the marks around the audio don't tell.
+void LearnFacts(TagLib::File& file, TagLibFacts& facts) {
+    const auto* comments = dynamic_cast<const TagLib::Ogg::XiphComment*>(file.tag());
+    if (auto* flac = dynamic_cast<TagLib::FLAC::File*>(&file))
+        comments = flac->hasXiphComment() ? flac->xiphComment() : nullptr;
+    if (comments) {
+        facts.vendor = ToText(comments->vendorID());
+        if (!comments->isEmpty())
+            AddTagKind(facts.kinds, L"Vorbis comments");
+    } else if (const auto* wave = dynamic_cast<const TagLib::RIFF::WAV::File*>(&file)) {
+        if (wave->hasID3v2Tag())
+            AddId3Kind(wave->ID3v2Tag(), facts.kinds);
+        if (wave->hasInfoTag())
+            AddTagKind(facts.kinds, L"RIFF INFO");
+    } else if (const auto* aiff = dynamic_cast<const TagLib::RIFF::AIFF::File*>(&file)) {
+        if (aiff->hasID3v2Tag())
+            AddId3Kind(aiff->tag(), facts.kinds);
+    } else if (const auto* mp4 = dynamic_cast<const TagLib::MP4::File*>(&file)) {
+        if (mp4->hasMP4Tag())
+            AddTagKind(facts.kinds, L"MP4");
+    } else if (dynamic_cast<const TagLib::ASF::File*>(&file) && !file.tag()->isEmpty()) {
+        AddTagKind(facts.kinds, L"ASF");
+    }
+}
+
+bool AddAll(const XString& path, XTagList& tags, TagLibFacts& facts) {
     const XString prefixed = LongPath(path, longFileLimit);
     const TagLib::FileRef file(TagLib::FileName(prefixed.Text()), false);
     if (file.isNull() || !file.file() || !file.file()->isValid())
         return false;
+    LearnFacts(*file.file(), facts);
     const TagLib::PropertyMap map = file.file()->properties();
     for (const auto& [key, values] : map)
         for (const TagLib::String& value : values)
@@ -41,9 +80,9 @@ bool AddAll(const XString& path, XTagList& tags) {
 } // namespace
 
 // A damaged tag costs the tags, not the audio.
-bool AddTagLibTags(const XString& path, XTagList& tags) {
+bool AddTagLibTags(const XString& path, XTagList& tags, TagLibFacts& facts) {
     try {
-        return AddAll(path, tags);
+        return AddAll(path, tags, facts);
     } catch (...) {
         tags.Clear();
         return false;

@@ -16,16 +16,6 @@ namespace {
 // Larger pictures are no cover art, and an image's sizes are 32 bits.
 constexpr int mostPictureBytes = 64 * 1024 * 1024;
 
-XString FromUtf8(const char* text) {
-    XString result;
-    const int units = text ? MultiByteToWideChar(CP_UTF8, 0, text, -1, nullptr, 0) : 0;
-    if (units <= 1)
-        return result;
-    result.SetLength(units - 1);
-    MultiByteToWideChar(CP_UTF8, 0, text, -1, result.Buffer(), units);
-    return result;
-}
-
 void AddDictionary(const AVDictionary* dictionary, XTagList& tags) {
     const AVDictionaryEntry* entry = nullptr;
     while ((entry = av_dict_get(dictionary, "", entry, AV_DICT_IGNORE_SUFFIX)))
@@ -76,6 +66,8 @@ const wchar_t* MimeType(AVCodecID id) {
         return L"image/bmp";
     case AV_CODEC_ID_WEBP:
         return L"image/webp";
+    case AV_CODEC_ID_TIFF:
+        return L"image/tiff";
     default:
         return nullptr;
     }
@@ -104,29 +96,28 @@ void AddPictures(const AVFormatContext& container, XTagList& tags) {
 
 } // namespace
 
-void CollectTags(const AudioStream& source, const XString& path, XTagList& tags) {
-    if (!AddTagLibTags(path, tags)) {
+XString FromUtf8(const char* text) {
+    XString result;
+    const int units = text ? MultiByteToWideChar(CP_UTF8, 0, text, -1, nullptr, 0) : 0;
+    if (units <= 1)
+        return result;
+    result.SetLength(units - 1);
+    MultiByteToWideChar(CP_UTF8, 0, text, -1, result.Buffer(), units);
+    return result;
+}
+
+TagLibFacts CollectTags(const AudioStream& source, const XString& path, XTagList& tags) {
+    TagLibFacts facts;
+    const AVDictionaryEntry* date = av_dict_get(source.Container()->metadata, "date", nullptr, 0);
+    if (!AddTagLibTags(path, tags, facts)) {
         AddDictionary(source.Container()->metadata, tags);
         AddDictionary(source.Stream()->metadata, tags); // Ogg keeps its comments at the stream
+    } else if (date && !tags.Get(L"year").IsEmpty() && FromUtf8(date->value).StartsWith(tags.Get(L"year"))) {
+        AddTag(tags, L"date", FromUtf8(date->value)); // TagLib leaves out the day in old ID3 tags
     }
     if (source.Stream()->codecpar->codec_id == AV_CODEC_ID_OPUS)
         TurnFromOpusGains(tags);
     JoinTotals(tags);
     AddPictures(*source.Container(), tags);
-}
-
-void CollectProperties(const AudioStream& source, XTagList& properties) {
-    const AVCodecParameters& parameters = *source.Stream()->codecpar;
-    const AVDictionaryEntry* encoder = av_dict_get(source.Container()->metadata, "encoder", nullptr, 0);
-    if (!encoder)
-        encoder = av_dict_get(source.Stream()->metadata, "encoder", nullptr, 0);
-    if (encoder)
-        properties.Add(L"Encoder", FromUtf8(encoder->value));
-    const AVCodecDescriptor* descriptor = avcodec_descriptor_get(parameters.codec_id);
-    const bool lossless = descriptor && (descriptor->props & AV_CODEC_PROP_LOSSLESS);
-    if (lossless)
-        properties.Add(L"Audio Quality", L"Lossless");
-    else if (parameters.bit_rate > 0)
-        properties.Add(L"Audio Quality", DecimalText((parameters.bit_rate + 500) / 1000) + L" kbps");
-    properties.Add(L"gapless", lossless || parameters.initial_padding > 0 ? L"Yes" : L"No");
+    return facts;
 }
