@@ -5,12 +5,15 @@
 #include "plugins/decoder/Tags.h"
 
 #include <taglib/aifffile.h>
+#include <taglib/apetag.h>
 #include <taglib/asffile.h>
 #include <taglib/fileref.h>
 #include <taglib/flacfile.h>
+#include <taglib/id3v1tag.h>
 #include <taglib/id3v2header.h>
 #include <taglib/id3v2tag.h>
 #include <taglib/mp4file.h>
+#include <taglib/mpegfile.h>
 #include <taglib/tpropertymap.h>
 #include <taglib/wavfile.h>
 #include <taglib/xiphcomment.h>
@@ -63,6 +66,21 @@ void LearnFacts(TagLib::File& file, TagLibFacts& facts) {
     }
 }
 
+void AddProperties(const TagLib::PropertyMap& map, XTagList& tags) {
+    for (const auto& [key, values] : map)
+        for (const TagLib::String& value : values)
+            AddTag(tags, ToText(key), ToText(value));
+}
+
+// What further tags of an mp3 file tell beyond the first, from which alone TagLib takes its properties.
+void AddMissing(const TagLib::Tag* further, XTagList& tags) {
+    XTagList list;
+    if (further)
+        AddProperties(further->properties(), list);
+    JoinTotals(list);
+    tags.Merge(list);
+}
+
 bool AddAll(const XString& path, XTagList& tags, TagLibFacts& facts) {
     const XString prefixed = LongPath(path, longFileLimit);
     const TagLib::FileRef file(TagLib::FileName(prefixed.Text()), false);
@@ -70,9 +88,11 @@ bool AddAll(const XString& path, XTagList& tags, TagLibFacts& facts) {
         return false;
     LearnFacts(*file.file(), facts);
     const TagLib::PropertyMap map = file.file()->properties();
-    for (const auto& [key, values] : map)
-        for (const TagLib::String& value : values)
-            AddTag(tags, ToText(key), ToText(value));
+    AddProperties(map, tags);
+    if (auto* mpeg = dynamic_cast<TagLib::MPEG::File*>(file.file())) {
+        AddMissing(mpeg->APETag(), tags);
+        AddMissing(mpeg->ID3v1Tag(), tags);
+    }
     if (const auto* mp4 = dynamic_cast<const TagLib::MP4::File*>(file.file()))
         AddFreeItems(*mp4, map.unsupportedData(), tags);
     return tags.Count() > 0;

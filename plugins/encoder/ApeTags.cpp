@@ -58,6 +58,8 @@ constexpr const char* pictureNames[] = {"Other",
                                         "Band Logotype",
                                         "Publisher Logotype"};
 static_assert(std::size(pictureNames) == 21);
+// What a second picture of one type becomes: other, illustration, leaflet, media.
+constexpr int spareTypes[] = {0, 18, 5, 6};
 
 // 2 to 255 characters of ASCII; empty for a key that can't be a name.
 std::string ItemName(const XString& key) {
@@ -88,10 +90,13 @@ ApeItem TextItem(const XTagItem& item) {
     return result;
 }
 
+std::string PictureName(const TagPicture& picture) {
+    return std::string("Cover Art (") + pictureNames[picture.type] + ")";
+}
+
 // The value starts with a file name, which ends in a zero; its extension says the kind.
 ApeItem PictureItem(const TagPicture& picture) {
-    ApeItem result{"Cover Art (", {}, true};
-    result.name.append(pictureNames[picture.type]).append(")");
+    ApeItem result{PictureName(picture), {}, true};
     const std::string kind = picture.mime.substr(picture.mime.find('/') + 1);
     result.value = picture.description.IsEmpty() ? "cover" : ToUtf8(picture.description);
     result.value.append(".").append(kind == "jpeg" ? "jpg" : kind);
@@ -123,6 +128,11 @@ std::vector<ApeItem> ReadApeTags(const XTagList& tags, LeftOutTags& leftOut) {
         if (isPicture && !ReadPicture(tags[i], picture))
             continue;
         ApeItem item = isPicture ? PictureItem(picture) : TextItem(tags[i]);
+        for (const int type : spareTypes)
+            if (isPicture && HasName(items, item.name)) {
+                picture.type = type;
+                item.name = PictureName(picture);
+            }
         if (item.value.empty())
             continue;
         const std::size_t size = itemBytes + item.name.size() + item.value.size();

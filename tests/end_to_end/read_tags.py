@@ -47,7 +47,7 @@ def of_id3(tags):
 def of_mp4(tags):
     found = {}
     for key, values in tags.items():
-        name = MP4_NAMES.get(key) or (key.startswith("----:") and key.split(":")[2].lower())
+        name = MP4_NAMES.get(key) or (key.startswith("----:") and key.split(":", 2)[2].lower())
         if not name or key == "covr":
             continue
         name = PLAIN.get(name, name)
@@ -108,10 +108,10 @@ def normal(key, values):
         if key in ("track", "disc", "bpm") and text.replace("/", "").isdigit():
             text = "/".join(str(int(part)) for part in text.split("/") if int(part)) or "0"
         if key == "date":
-            text = text.replace(" ", "T")
+            text = text.replace(" ", "T").removesuffix(":00")
         if text and text not in texts:
             texts.append(text)
-    return texts
+    return sorted(texts) if key == "composer" else texts
 
 
 def main():

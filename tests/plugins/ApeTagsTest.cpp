@@ -23,10 +23,11 @@ TEST(ApeTags, NameEveryRecordOnce) {
     for (const ApeItem& item : ReadApeTags(tags, leftOut))
         found += item.name + (item.isBinary ? "~" : "=") + item.value + "|";
     EXPECT_EQ(found, std::string("Artist=Erste\0Zw\xC3\xA9ite|Album Artist=x|Year=1999-05-01|own key=y|"
-                                 "Cover Art (Front)~Vorn.jpg\0a\0b|Cover Art (Back)~cover.png\0c|",
-                                 122));
+                                 "Cover Art (Front)~Vorn.jpg\0a\0b|Cover Art (Back)~cover.png\0c|"
+                                 "Cover Art (Other)~cover.png\0second|",
+                                 157));
     EXPECT_EQ(leftOut.Text(L"X"),
-              XString(L"X can't hold these tags of the source: Own Key, k, TAG, b\u00fc, cover art"));
+              XString(L"X can't hold these tags of the source: Own Key, k, TAG, b\u00fc"));
 }
 
 } // namespace
