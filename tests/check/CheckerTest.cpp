@@ -150,6 +150,9 @@ constexpr FaultRow encodingRows[] = {
     {L"wrong scale", L"encoding", "channel 1 is 0.5 times as loud"},
     {L"stays open", L"encoding", "ENC_EndConversion(0) left the file open"},
     {L"no file", L"encoding", "there is no file at outputPath"},
+    {L"other written", L"encoding",
+     "\"Written Format\") says 16 bit, 7 channels, 44100 Hz, and a decoder finds"},
+    {L"tags missing", L"encoding", "\"Written Tags\") names the tag k, and a decoder does not find it"},
     {L"shared words", L"encoding", "changed the text that another one had returned"},
 };
 

@@ -130,6 +130,17 @@ std::int32_t FaultyAnswer(ZtInstance instance, const wchar_t* key, PluginParams*
         params->result = Has(L"estimate falls") ? 9000000 - params->number : params->number * 176;
         return 1;
     }
+    if (Is(key, L"Written Format") && Has(L"other written")) {
+        static AudioFormatRecord other = static_cast<Encoder*>(instance)->format;
+        other.channels = 7;
+        params->data = &other;
+        return 1;
+    }
+    if (Is(key, L"Written Tags") && Has(L"tags missing")) {
+        params->data = "\x01\0\0\0\x0A\0\0\0k\0\0\0\0\0"; // the key "k"
+        params->dataSize = 14;
+        return 1;
+    }
     if (Is(key, L"RequiresDSP") && Has(L"required")) {
         params->text2 = L"Fade";
         return 1;

@@ -184,7 +184,10 @@ public:
 
 private:
     bool ConvertOne(const FormatRow& row, Judge& judge, bool isFirst);
-    void Compare(const XString& what, const Sound& in, const EncoderRun& run, Judge& judge, bool isFirst);
+    void Compare(const XString& what, const Sound& in, const EncoderRun& run, Instance& instance,
+                 Judge& judge, bool isFirst);
+    void CompareWritten(const XString& what, Instance& instance, const AudioFormatRecord& format,
+                        XTagList& found);
     void CheckEmpty();
     void CheckCancelled();
     void CheckDestroyed();
@@ -198,8 +201,35 @@ private:
     XBuffer tags;
 };
 
-void AudioCheck::Compare(const XString& what, const Sound& in, const EncoderRun& run, Judge& judge,
-                         bool isFirst) {
+// What the encoder says of its file, against what a decoder finds in it, as the worker compares them.
+void AudioCheck::CompareWritten(const XString& what, Instance& instance, const AudioFormatRecord& format,
+                                XTagList& found) {
+    PluginParams params{};
+    if (instance.Ask(ZtKey::writtenFormat, params) != 0) {
+        const auto* said = static_cast<const AudioFormatRecord*>(params.data);
+        if (said)
+            report.Demand(said->channels == format.channels && said->frequency == format.frequency,
+                          what + L": ENC_Get(\"Written Format\") says " + FormatText(*said) +
+                              L", and a decoder finds " + FormatText(format));
+        else
+            report.Broken(what + L": ENC_Get(\"Written Format\") answered yes and left data null");
+    }
+    params = {};
+    if (instance.Ask(ZtKey::writtenTags, params) == 0 || !params.data)
+        return;
+    const XString fault = TagImageFault(params.data, params.dataSize);
+    if (!report.Demand(fault.IsEmpty(),
+                       what + L": the list that ENC_Get(\"Written Tags\") delivers " + fault))
+        return;
+    XTagList said;
+    said.Deserialize(params.data, params.dataSize);
+    for (const XTagItem& item : said.items)
+        report.Demand(found.Find(item.key) != nullptr, what + L": ENC_Get(\"Written Tags\") names the tag " +
+                                                           item.key + L", and a decoder does not find it");
+}
+
+void AudioCheck::Compare(const XString& what, const Sound& in, const EncoderRun& run, Instance& instance,
+                         Judge& judge, bool isFirst) {
     const XString size = DecimalText(run.SizeBytes()) + L" bytes";
     if (!judge.IsThere()) {
         report.Ok(what + L": " + size);
@@ -219,6 +249,7 @@ void AudioCheck::Compare(const XString& what, const Sound& in, const EncoderRun&
                      UnsignedText(out.Frames()) + L" of " + DecimalText(out.format.frequency) +
                      L" Hz came out: Tonemill would not accept the file");
     CheckLevels(checked, what, in, out);
+    CompareWritten(what, instance, out.format, found);
     if (isFirst)
         CheckTags(checked, found);
 }
@@ -246,7 +277,7 @@ bool AudioCheck::ConvertOne(const FormatRow& row, Judge& judge, bool isFirst) {
                                       : L": a file was written although the extension is .IGNORE")))
         return true;
     if (writes)
-        Compare(what, sound, run, judge, isFirst);
+        Compare(what, sound, run, instance, judge, isFirst);
     else
         report.Ok(what + L": taken");
     report.Demand(run.Delete(), what + L": the output is still open after ENC_EndConversion");
