@@ -11,7 +11,7 @@ Fault() {
     faults=1
 }
 
-for file in Tonemill.exe Millworker.exe Help/zTM/zTM.htm licences/SOURCES.txt; do
+for file in Tonemill.exe Millworker.exe ZtConfig.exe ZtSend.exe Help/zTM/zTM.htm licences/SOURCES.txt; do
     [ -s "$file" ] || Fault "$file is missing"
 done
 
