@@ -67,7 +67,7 @@ void DepthChanger::Open(bool fromFloat, int fromBits, int toBits) noexcept {
     isFloat = fromFloat;
     sourceBits = fromFloat ? floatBits : fromBits;
     targetBits = toBits;
-    dithers = false;
+    dithers = hasRounded = false;
     clipped = 0;
 }
 
@@ -102,12 +102,11 @@ void DepthChanger::FromFloat(const float* in, std::size_t count) noexcept {
             value = 0;
         clipped += value > scale || value < -scale;
         value = std::clamp(value, -scale, top);
-        if (targetBits < floatBits) {
-            dithers = dithers || value != static_cast<double>(static_cast<std::int64_t>(value));
-            if (dithers) {
-                const std::uint32_t noise = NextRandom();
-                value += (static_cast<double>(noise & 0xFFFF) - static_cast<double>(noise >> 16)) / 65536.0;
-            }
+        hasRounded = hasRounded || value != static_cast<double>(static_cast<std::int64_t>(value));
+        dithers = hasRounded && targetBits < floatBits;
+        if (dithers) {
+            const std::uint32_t noise = NextRandom();
+            value += (static_cast<double>(noise & 0xFFFF) - static_cast<double>(noise >> 16)) / 65536.0;
         }
         value = std::clamp(value + (value < 0 ? -0.5 : 0.5), -scale, top); // rounds: what follows cuts
         result[i] = static_cast<std::int32_t>(value);
@@ -127,7 +126,7 @@ void DepthChanger::Narrow(const std::int32_t* in, std::size_t count) noexcept {
     const std::int64_t bottom = -(std::int64_t(1) << (targetBits - 1));
     for (std::size_t i = 0; i < count; ++i) {
         std::int64_t value = in[i];
-        dithers = dithers || (static_cast<std::uint32_t>(in[i]) & lost) != 0;
+        dithers = hasRounded = hasRounded || (static_cast<std::uint32_t>(in[i]) & lost) != 0;
         if (dithers) {
             const std::int64_t first = NextRandom() & lost;
             value += first - static_cast<std::int64_t>(NextRandom() & lost);

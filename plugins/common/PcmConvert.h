@@ -29,7 +29,7 @@ public:
     // Float samples above full scale since Open.
     [[nodiscard]] std::uint64_t Clipped() const noexcept { return clipped; }
     // Something since Open did not fit the new depth.
-    [[nodiscard]] bool HasRounded() const noexcept { return dithers; }
+    [[nodiscard]] bool HasRounded() const noexcept { return hasRounded; }
 
 private:
     void FromFloat(const float* in, std::size_t count) noexcept;
@@ -41,6 +41,7 @@ private:
     int sourceBits = 16;
     int targetBits = 16;
     bool dithers = false;
+    bool hasRounded = false;
     std::uint64_t clipped = 0;
     std::uint32_t random = 0x2545F491; // the same for every file: equal input, equal output
     std::vector<std::int32_t> result;
