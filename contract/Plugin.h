@@ -220,6 +220,8 @@ typedef void (*DspDestroy)(ZtInstance);
 //                            if the effect has changed them, data and dataSize being its own image then.
 //                            In the worker, once, when all first passes are over: for tags that tell
 //                            what they found.
+//       "Information"        text1: what the user should know of a file whose audio went through whole;
+//                            lines separated by LF
 //       "Last Error"         text1: why the last Begin, Pass or End failed
 typedef std::int32_t (*DspGet)(ZtInstance, const wchar_t* key, PluginParams*);
 typedef std::int32_t (*DspSet)(ZtInstance, const wchar_t* key, PluginParams*); // no keys yet: 0

@@ -119,9 +119,10 @@ void Conversion::EndEncoder(bool completed, bool& isGood) {
         ReportInformation();
 }
 
-// What decoder and encoder have to say of a file that went through whole.
+// What the plug-ins have to say of a file that went through whole.
 void Conversion::ReportInformation() {
     source.ReportInformation();
+    effects.ReportInformation();
     PluginParams params{};
     if (encoder.AskGet(ZtKey::information, params) != 0 && params.text1)
         reporter.InformationLines(params.text1);

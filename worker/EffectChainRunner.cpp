@@ -198,6 +198,14 @@ bool EffectChainRunner::Restart(int count) {
     return true;
 }
 
+void EffectChainRunner::ReportInformation() {
+    for (const Effect& effect : effects) {
+        PluginParams params{};
+        if (effect.library.AskGet(ZtKey::information, params) != 0 && params.text1)
+            reporter.InformationLines(effect.name + L": " + params.text1);
+    }
+}
+
 void EffectChainRunner::Finish(bool failed) {
     for (const Effect& effect : effects)
         if (effect.isBegun)

@@ -38,6 +38,7 @@ public:
     [[nodiscard]] bool RunFirstPass(int index, const void* frames, std::uint32_t frameCount);
     // The first `count` effects anew, after they ran for the first pass of one behind them.
     [[nodiscard]] bool Restart(int count);
+    void ReportInformation(); // after a Flush of all: what they have to say of the file
     void Finish(bool failed); // tells all and lets them go
 
     AudioFormatRecord format{}; // what the chain delivers

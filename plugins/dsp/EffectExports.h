@@ -5,6 +5,7 @@
 
 #include "foundation/XTagList.h"
 #include "plugins/common/Exports.h"
+#include "plugins/common/Information.h"
 
 // An effect that wants no audio; a caller that passes some all the same gets its frames back.
 class EffectBase {
@@ -19,6 +20,7 @@ public:
     // A first pass over the file, if Begin set wantsNonLive.
     bool PassNonLive(const DspAudioBlock&) { return true; }
     bool ChangeTags(PluginParams&) { return false; } // the key "Tags"
+    XString Inform() { return XString(); }           // the key "Information"
     bool End(DspAudioBlock& block) {
         block.output = nullptr;
         block.outputFrames = 0;
@@ -28,11 +30,13 @@ public:
     bool EndBatch(const PluginParams&) { return true; }
 
     XString lastError;
+    XString information; // as the last asking found it
 };
 
 // An effect whose audio a portable class does, Core. Its Begin(settings, format) answers as the export
 // and fits the format to what it will deliver; Pass and End take one block; `error` says what failed.
-// A core that may want a first pass has WantsFirstPass, asked after Begin, and FirstPass(block).
+// A core that may want a first pass has WantsFirstPass, asked after Begin, and FirstPass(block); one that
+// may clip has Clipped(), the number of samples.
 template <class Core, class Panel>
 class StreamEffect : public EffectBase {
 public:
@@ -53,6 +57,12 @@ public:
     }
     bool Pass(DspAudioBlock& block) { return Noted(core.Pass(block)); }
     bool End(DspAudioBlock& block) { return Noted(core.End(block)); }
+    XString Inform() {
+        if constexpr (requires { core.Clipped(); })
+            return ClippedText(core.Clipped());
+        else
+            return XString();
+    }
     void After(bool) { core = Core(); }
 
     Panel panel;
@@ -76,6 +86,11 @@ std::int32_t GetEffectKey(Effect& effect, const wchar_t* key, PluginParams& para
     }
     if (name == ZtKey::tags)
         return effect.ChangeTags(params) ? 1 : 0;
+    if (name == ZtKey::information) {
+        effect.information = effect.Inform();
+        params.text1 = effect.information;
+        return effect.information.IsEmpty() ? 0 : 1;
+    }
     if (name == ZtKey::lastError && !effect.lastError.IsEmpty()) {
         params.text1 = effect.lastError;
         return 1;

@@ -11,6 +11,7 @@ public:
     [[nodiscard]] const float* ToFloat(const void* samples, std::size_t count);
     // With dither where depth is lost. The result lives until the next call, or is `samples`.
     [[nodiscard]] const void* FromFloat(const float* samples, std::size_t count);
+    [[nodiscard]] std::uint64_t Clipped() const noexcept { return depth.Clipped(); } // samples since Open
 
 private:
     bool isFloat = true;

@@ -51,6 +51,7 @@ const std::int32_t* Quantizer::Convert(const double* samples, std::size_t frames
         double value = samples[i] * scale;
         if (!(value == value)) // not a number
             value = 0;
+        clipped += value > scale || value < -scale;
         value = std::clamp(value, -scale, scale - 1);
         const double nearest = std::floor(value + 0.5);
         dithers = dithers || (kind != ditherNone && value != nearest);

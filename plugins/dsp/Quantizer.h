@@ -20,6 +20,7 @@ public:
     void Open(int channels, std::uint32_t frequency, int bits, DitherKind dither);
     // Interleaved. What is above full scale is clipped. The result lives until the next call.
     [[nodiscard]] const std::int32_t* Convert(const double* samples, std::size_t frames);
+    [[nodiscard]] std::uint64_t Clipped() const noexcept { return clipped; } // samples since Open
 
 private:
     // The errors of a channel's last samples, in steps, the latest first.
@@ -32,6 +33,7 @@ private:
     std::size_t channels = 0;
     double scale = 0;
     bool dithers = false;
+    std::uint64_t clipped = 0;
     NoiseShape shape{};
     std::vector<Errors> errors;
     std::uint64_t random = 0; // the same for every file: equal input, equal output

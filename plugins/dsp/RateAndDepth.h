@@ -14,6 +14,7 @@ public:
     [[nodiscard]] std::int32_t Begin(const wchar_t* settings, AudioFormatRecord& format);
     [[nodiscard]] bool Pass(DspAudioBlock& block);
     [[nodiscard]] bool End(DspAudioBlock& block);
+    [[nodiscard]] std::uint64_t Clipped() const noexcept { return quantizer.Clipped(); }
 
     XString error;
 

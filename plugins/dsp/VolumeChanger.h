@@ -14,6 +14,7 @@ public:
     // Audio that needs no change passes bit by bit.
     [[nodiscard]] bool Pass(DspAudioBlock& block);
     [[nodiscard]] bool End(DspAudioBlock& block);
+    [[nodiscard]] std::uint64_t Clipped() const noexcept { return bridge.Clipped(); }
 
     XString error;
 

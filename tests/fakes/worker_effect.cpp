@@ -44,6 +44,10 @@ FAKE_EXPORT std::int32_t DSP_Get(ZtInstance instance, const wchar_t* key, Plugin
         params->dataSize = static_cast<std::uint32_t>(self.tags.size());
         return 1;
     }
+    if (std::wcscmp(key, L"Information") == 0 && self.tells) {
+        params->text1 = L"this was learned\nand that";
+        return 1;
+    }
     params->text1 = L"the fake effect's own words";
     return std::wcscmp(key, L"Last Error") == 0;
 }

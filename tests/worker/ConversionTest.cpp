@@ -154,7 +154,7 @@ TEST(Worker, AudioPassesThroughTheEffectsInOrder) {
 }
 
 // An effect behind it that learns as well makes it begin anew; it tells once, when all have learned.
-TEST(Worker, AnEffectTellsInTagsWhatItLearned) {
+TEST(Worker, AnEffectTellsWhatItLearned) {
     ScratchFolder folder;
     WorkerProcess worker(folder);
     const XString target = folder.File(L"a.fake");
@@ -163,6 +163,7 @@ TEST(Worker, AnEffectTellsInTagsWhatItLearned) {
     ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
     const std::string content = FileContent(target);
     ASSERT_EQ(FramesOf(content), 50000u);
+    EXPECT_TRUE(worker.Said(L"Fake: this was learned"));
     const std::vector<unsigned char> expected = OneTag(4); // 49999 is the highest sample
     EXPECT_EQ(std::memcmp(content.data() + offsetof(FakeHead, tags), expected.data(), expected.size()), 0);
 }
