@@ -26,9 +26,17 @@ std::uint64_t PcmFileEncoder::Estimate(const PcmContainer& container, const PcmF
     return container.header(layout, 0, 0).size() + data + PaddingOf(container, data);
 }
 
+ByteVector PcmFileEncoder::Header(std::uint64_t fileBytes) const {
+    ByteVector header = container.header(layout, dataBytes, fileBytes);
+    if (container.tailBefore != 0)
+        header.insert(header.end() - static_cast<std::ptrdiff_t>(container.tailBefore), tail.begin(),
+                      tail.end());
+    return header;
+}
+
 bool PcmFileEncoder::FitsTheFormat(std::uint64_t bytesOfSamples) {
-    const std::uint64_t whole =
-        headerBytes + bytesOfSamples + PaddingOf(container, bytesOfSamples) + tail.size();
+    const std::uint64_t whole = headerBytes + bytesOfSamples + PaddingOf(container, bytesOfSamples) +
+                                (container.tailBefore == 0 ? tail.size() : 0);
     return whole <= container.mostBytes ||
            Fail(XString(container.name) + L" holds up to 4 GB, and this audio takes more");
 }
@@ -49,7 +57,7 @@ bool PcmFileEncoder::Begin(const EncoderBeginBlock& block) {
     tail = container.tail(tags, leftOut);
     WritesFormat(layout.channels, layout.frequency, layout.sampleBytes * 8, layout.isFloat);
     WritesTags(container.name, tags, leftOut, container.values);
-    const ByteVector header = container.header(layout, 0, 0);
+    const ByteVector header = Header(0);
     headerBytes = header.size();
     // What is too large for certain is refused before it fills the disk.
     const bool isExact = (block.format->flags & ztFormatExactLength) != 0;
@@ -86,9 +94,10 @@ bool PcmFileEncoder::Encode(const void* samples, std::uint32_t frames) {
 }
 
 bool PcmFileEncoder::FinishFile() {
-    if (!file.WriteZeros(PaddingOf(container, dataBytes)) || !file.Write(tail.data(), tail.size()))
+    const std::size_t behind = container.tailBefore == 0 ? tail.size() : 0;
+    if (!file.WriteZeros(PaddingOf(container, dataBytes)) || !file.Write(tail.data(), behind))
         return false;
-    const ByteVector header = container.header(layout, dataBytes, file.Position());
+    const ByteVector header = Header(file.Position());
     return file.Seek(0) && file.Write(header.data(), header.size()) && file.Close();
 }
 

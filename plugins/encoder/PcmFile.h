@@ -19,9 +19,11 @@ struct PcmContainer {
     std::uint64_t mostBytes;    // of a file
     // Everything before the first sample, of a size that depends on the layout alone.
     ByteVector (*header)(const PcmLayout& layout, std::uint64_t dataBytes, std::uint64_t fileBytes);
-    // Everything behind the padding.
+    // Tags and what else is no audio: behind the padding, or see below.
     ByteVector (*tail)(const XTagList& tags, LeftOutTags& leftOut);
     TagValues values; // as the tail keeps several of one key
+    // If not 0, the tail stands before the last so many bytes of the header instead.
+    std::size_t tailBefore = 0;
 };
 
 class PcmFileEncoder : public EncoderBase {
@@ -41,6 +43,7 @@ protected:
 private:
     bool FitsTheFormat(std::uint64_t bytesOfSamples);
     bool WriteSamples(const void* samples, std::uint32_t frames);
+    [[nodiscard]] ByteVector Header(std::uint64_t fileBytes) const;
     bool FinishFile();
     bool FileFailed() { return Fail(file.Error()); }
 

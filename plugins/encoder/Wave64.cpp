@@ -4,8 +4,10 @@
 
 namespace {
 
-constexpr PcmContainer wave64{L"Wave64",          SampleOrder::wave, 8, ~std::uint64_t(0), BuildWave64Header,
-                              BuildWave64Summary, TagValues::joined};
+// Tags stand before the samples: readers that take no heed of the padding would not find them behind.
+constexpr PcmContainer wave64{L"Wave64",         SampleOrder::wave, 8,
+                              ~std::uint64_t(0), BuildWave64Header, BuildWave64Summary,
+                              TagValues::joined, wave64ChunkHead};
 
 class clWave64Encoder : public PcmFileEncoder {
 public:

@@ -5,7 +5,6 @@
 
 namespace {
 
-constexpr std::size_t chunkHeadBytes = 24;
 // What follows the four letters in the names of chunks.
 constexpr unsigned char riffTail[12] = {0x2E, 0x91, 0xCF, 0x11, 0xA5, 0xD6,
                                         0x28, 0xDB, 0x04, 0xC1, 0x00, 0x00};
@@ -29,14 +28,14 @@ ByteVector BuildWave64Header(const PcmLayout& layout, std::uint64_t dataBytes, s
     chunk.Little(fileBytes, 8);
     PutPart(chunk, "wave");
     PutPart(chunk, "fmt ");
-    chunk.Little(chunkHeadBytes + format.size(), 8);
+    chunk.Little(wave64ChunkHead + format.size(), 8);
     chunk.Raw(format);
     chunk.PadTo(8);
     PutPart(chunk, "fact");
-    chunk.Little(chunkHeadBytes + 8, 8);
+    chunk.Little(wave64ChunkHead + 8, 8);
     chunk.Little(dataBytes / layout.FrameBytes(), 8);
     PutPart(chunk, "data");
-    chunk.Little(chunkHeadBytes + dataBytes, 8);
+    chunk.Little(wave64ChunkHead + dataBytes, 8);
     return std::move(chunk.out);
 }
 
@@ -55,7 +54,7 @@ ByteVector BuildWave64Summary(const XTagList& tags, LeftOutTags& leftOut) {
     }
     ByteWriter chunk;
     chunk.Raw(summaryList, sizeof summaryList);
-    chunk.Little(chunkHeadBytes + list.out.size(), 8);
+    chunk.Little(wave64ChunkHead + list.out.size(), 8);
     chunk.Raw(list.out);
     chunk.PadTo(8);
     return std::move(chunk.out);

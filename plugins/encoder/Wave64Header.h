@@ -6,6 +6,8 @@
 #include "plugins/common/Information.h"
 #include "plugins/encoder/PcmLayout.h"
 
+inline constexpr std::size_t wave64ChunkHead = 24; // the header ends with that of "data"
+
 // Of a size that depends on the layout alone; both numbers are 0 as long as they are unknown.
 // `dataBytes` are those of the samples without padding, `fileBytes` those of the whole file.
 [[nodiscard]] ByteVector BuildWave64Header(const PcmLayout& layout, std::uint64_t dataBytes,

@@ -60,8 +60,9 @@ TEST(PcmFiles, HoldTheSamplesAndTheSizes) {
         const std::size_t data = PlaceOf(wave64.bytes, "data");
         ExpectSamples(wave64, data + 24, row, samples, false);
         const std::size_t end = data + static_cast<std::size_t>(LittleAt(wave64.bytes, data + 16, 8));
-        EXPECT_EQ(PlaceOf(wave64.bytes, "INAM"),
-                  (end + 7) / 8 * 8 + 28); // behind padding and the list's head
+        EXPECT_EQ(wave64.bytes.size(), (end + 7) / 8 * 8);
+        const std::size_t name = PlaceOf(wave64.bytes, "INAM"); // behind the list's head, before the samples
+        EXPECT_EQ((LittleAt(wave64.bytes, name - 12, 8) + 7) / 8 * 8, data - (name - 28));
     }
 }
 
