@@ -35,8 +35,9 @@ TEST(WrittenTags, AreForetold) {
         given.Add(row.key, row.value);
         ForetellTags(given, leftOut, row.values, written);
         ASSERT_EQ(written.Count(), row.writtenKey ? 1 : 0) << testing::PrintToString(XString(row.key));
-        if (row.writtenKey)
+        if (row.writtenKey) {
             EXPECT_EQ(written.Get(row.writtenKey), XString(row.written));
+        }
     }
 }
 
