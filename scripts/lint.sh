@@ -79,5 +79,5 @@ while read -r file; do
     done
     echo "$file:1: in no CMakeLists.txt of its folder    [not built]"
     found=1
-done < <(all_files 'src/*.cpp' 'worker/*.cpp' 'plugins/*.cpp')
+done < <(all_files 'src/*.cpp' 'worker/*.cpp' 'plugins/*.cpp' 'tools/*.cpp')
 exit $found
