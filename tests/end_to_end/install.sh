@@ -60,6 +60,10 @@ sox -r 44100 -n -c 2 -b 16 "$work/tone.wav" synth 1 sine 440 vol 0.5
 registry "$settings" >/dev/null
 mv "$c/export.reg" "$work/settings.reg" 2>/dev/null
 windows reg delete "$settings" /f
+# What a run that was broken off has left.
+windows "$work"/zip/*/ZtSend.exe /unregister
+windows reg delete "$uninstall" /f
+rm -rf "$c/tone mill" "$usual" "$menu"
 state before
 
 # Into a folder with blanks, where a user adds a plug-in of another maker.
