@@ -7,6 +7,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 codecs=${1:-}
+commit=$(git -C "$root" rev-parse HEAD) # others may go on meanwhile
 export CCACHE_DISABLE=1 TONEMILL_CACHE=${TONEMILL_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/tonemill}
 unset TM_BUILD TM_PACKAGE TM_SKIP_BUILD SOURCE_DATE_EPOCH
 
@@ -15,6 +16,7 @@ Package() { # FOLDER COMMAND...
     local folder=$1
     shift
     git clone -q "$root" "$folder"
+    git -C "$folder" checkout -q --detach "$commit"
     if [ "$codecs" = --codecs ]; then export TONEMILL_CACHE=$folder/build/codecs; fi
     (cd "$folder" && "$@" ./package.sh)
 }
