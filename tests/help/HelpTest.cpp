@@ -122,9 +122,10 @@ TEST(Help, EveryLinkLeadsSomewhere) {
             const std::string file = link.substr(0, mark);
             const std::string target = file.empty() ? page : Load(file);
             EXPECT_FALSE(target.empty()) << name << ": " << link;
-            if (mark != std::string::npos)
+            if (mark != std::string::npos) {
                 EXPECT_NE(target.find(" id=\"" + link.substr(mark + 1) + '"'), std::string::npos)
                     << name << ": " << link;
+            }
         }
         for (const std::string& picture : Between(page, "<img src=\"", "\""))
             EXPECT_FALSE(Load(picture).empty()) << name << ": " << picture;
