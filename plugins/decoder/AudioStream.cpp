@@ -1,7 +1,11 @@
 // Decoding of an open source into blocks of samples.
 #include "plugins/decoder/AudioStream.h"
 
+#include "plugins/decoder/OggEnd.h"
+
 #include <algorithm>
+#include <cstring>
+#include <vector>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -15,6 +19,8 @@ namespace {
 // packets; more than this share of them is damage that one hears.
 constexpr unsigned toleratedDamagePercent = 2;
 constexpr unsigned toleratedDamageFloor = 3;
+// What encoders put around the audio, and decoders cut off, counts in some lengths.
+constexpr std::uint64_t usualPaddingFrames = 4000;
 
 constexpr wchar_t wrongChecksum[] =
     L"The source is damaged: its audio does not match the MD5 checksum that it holds of it";
@@ -48,6 +54,7 @@ void AudioStream::Close() noexcept {
     flushed = lossless = isProtected = false;
     exactFrames = expectedFrames = delivered = 0;
     packets = damaged = 0;
+    endDoubt.Clear();
 }
 
 bool AudioStream::TolerateDamage(int code) {
@@ -102,13 +109,43 @@ AudioStream::Step AudioStream::ReceiveOrFeed() {
     }
 }
 
+// The index of an MP4 file lists each packet, also those that are not in the file any more.
+bool AudioStream::LacksPackets() const {
+    const int listed =
+        std::strstr(container->iformat->name, "mp4") ? avformat_index_get_entries_count(stream) : 0;
+    return !wideFlac && listed > 0 && packets < static_cast<unsigned>(listed);
+}
+
+// An Ogg file tells no length, but where it ends.
+bool AudioStream::LacksEndMark() const {
+    if (std::strcmp(container->iformat->name, "ogg") != 0)
+        return false;
+    FileInput file;
+    XString ignored;
+    if (!file.Open(path, ignored))
+        return false;
+    std::vector<unsigned char> end(
+        static_cast<std::size_t>(std::clamp<std::int64_t>(file.Size(), 0, std::int64_t{oggEndBytes})));
+    return file.Rewind(file.Size() - static_cast<std::int64_t>(end.size())) &&
+           file.Read(end.data(), static_cast<unsigned>(end.size())) == static_cast<int>(end.size()) &&
+           !HasOggEnd(end.data(), end.size());
+}
+
 // Fewer frames than the container told are a truncated file; estimates get a second of doubt, and so do
-// streams of which a damaged packet may be passed over.
+// streams of which a damaged packet may be passed over. What is in doubt is told.
 AudioStream::Step AudioStream::CheckEnd() {
     const bool isSure = exactFrames && stream->codecpar->codec_id != AV_CODEC_ID_AAC;
-    const std::uint64_t doubt = isSure ? 0 : static_cast<std::uint64_t>(stream->codecpar->sample_rate);
-    if (delivered + doubt >= expectedFrames)
-        return Step::end;
+    const auto rate = static_cast<std::uint64_t>(std::max(0, stream->codecpar->sample_rate));
+    if (delivered + (isSure ? 0 : rate) < expectedFrames || LacksPackets())
+        return Truncated();
+    if (delivered + std::max(rate / 10, usualPaddingFrames) < expectedFrames)
+        endDoubt = L"The source may be truncated: it is a little shorter than it tells";
+    else if (LacksEndMark())
+        endDoubt = L"The source may be truncated: it has no mark of its end";
+    return Step::end;
+}
+
+AudioStream::Step AudioStream::Truncated() {
     error.Format(L"The source is truncated: it ends after %s of %s frames", UnsignedText(delivered).Text(),
                  UnsignedText(expectedFrames).Text());
     return Step::damage;
@@ -214,9 +251,10 @@ int AudioStream::Decode(void* samples, unsigned maxFrames) {
 
 XString AudioStream::DamageText() const {
     if (damaged == 0)
-        return XString();
-    return UnsignedText(damaged) + L" of " + UnsignedText(packets) +
-           L" pieces of the source are damaged or no audio, and were left out";
+        return endDoubt;
+    const XString text = UnsignedText(damaged) + L" of " + UnsignedText(packets) +
+                         L" pieces of the source are damaged or no audio, and were left out";
+    return endDoubt.IsEmpty() ? text : text + L"\n" + endDoubt;
 }
 
 bool AudioStream::SeekTo(std::uint64_t target) {

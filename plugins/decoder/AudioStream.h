@@ -34,7 +34,8 @@ public:
     [[nodiscard]] bool SeekTo(std::uint64_t frame);
 
     [[nodiscard]] const XString& Error() const noexcept { return error; }
-    // What was passed over so far; empty if nothing was.
+    // What was passed over so far, and what may be missing at the end, in lines separated by LF; empty
+    // if there is nothing to tell.
     [[nodiscard]] XString DamageText() const;
     // Against copying: it opens, and none of it can be decoded.
     [[nodiscard]] bool IsProtected() const noexcept { return isProtected; }
@@ -60,6 +61,9 @@ private:
     [[nodiscard]] bool AdaptFrame();
     [[nodiscard]] bool TolerateDamage(int code);
     [[nodiscard]] Step CheckEnd();
+    [[nodiscard]] bool LacksPackets() const;
+    [[nodiscard]] bool LacksEndMark() const;
+    [[nodiscard]] Step Truncated();
     void Describe(AudioFormatRecord& record) const;
     void Fail(const wchar_t* what, int code = 0);
 
@@ -89,4 +93,5 @@ private:
     std::uint64_t delivered = 0;
     unsigned packets = 0;
     unsigned damaged = 0;
+    XString endDoubt; // why the end may be missing; empty: no reason
 };

@@ -166,15 +166,25 @@ void AudioStream::DescribeProtected(AudioFormatRecord& record) {
 // How many frames the container tells, and whether it can be relied on.
 void AudioStream::LearnLength() {
     const AVCodecParameters& parameters = *stream->codecpar;
-    if (Is(container->iformat->name, "wav") && TellsExactLength(parameters) && parameters.block_align > 0) {
+    const char* kind = container->iformat->name;
+    if ((Is(kind, "wav") || Is(kind, "w64")) && TellsExactLength(parameters) && parameters.block_align > 0) {
         FileInput header;
         XString ignored;
         if (header.Open(path, ignored))
             expectedFrames = PromisedWaveBytes(header) / static_cast<unsigned>(parameters.block_align);
         exactFrames = expectedFrames;
+    } else if (Is(kind, "caf") && stream->duration <= 0 && stream->nb_frames > 0 &&
+               TellsExactLength(parameters)) {
+        exactFrames = expectedFrames = static_cast<std::uint64_t>(stream->nb_frames); // of samples
     }
     const bool known = container->duration_estimation_method != AVFMT_DURATION_FROM_BITRATE;
-    if (expectedFrames || !known || stream->duration <= 0 || parameters.sample_rate <= 0)
+    if (expectedFrames || !known || parameters.sample_rate <= 0)
+        return;
+    // Matroska tells the length of its longest stream.
+    if (stream->duration <= 0 && container->nb_streams == 1 && container->duration > 0)
+        expectedFrames =
+            static_cast<std::uint64_t>(av_rescale(container->duration, parameters.sample_rate, AV_TIME_BASE));
+    if (stream->duration <= 0)
         return;
     const AVRational perFrame{1, parameters.sample_rate};
     expectedFrames = static_cast<std::uint64_t>(

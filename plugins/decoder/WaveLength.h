@@ -6,6 +6,6 @@
 
 class FileInput;
 
-// Bytes of audio that the header of a RIFF Wave file tells; 0 if it is none or, as programs that
+// Bytes of audio that the header of a RIFF Wave or Wave64 file tells; 0 if it is none or, as programs that
 // write to a pipe leave it, doesn't tell. Moves the file's position.
 [[nodiscard]] std::uint64_t PromisedWaveBytes(FileInput& input);

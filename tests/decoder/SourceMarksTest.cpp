@@ -1,6 +1,7 @@
 // What sources' own bytes tell, whole and cut off anywhere.
 #include "plugins/decoder/EncoderFacts.h"
 #include "plugins/decoder/FileMarks.h"
+#include "plugins/decoder/OggEnd.h"
 
 #include <gtest/gtest.h>
 
@@ -98,6 +99,19 @@ TEST(SourceMarks, KindsOfTags) {
         EXPECT_EQ(TagKindsAround(start.data(), start.size(), end.data(), end.size()), XString(row.kinds));
     }
     EXPECT_EQ(Id3v2Bytes(Exact(id3v2).data(), id3v2.size()), 10u + 130u);
+}
+
+TEST(SourceMarks, EndsOfOggFiles) {
+    const auto page = [](char flags, std::size_t bytes) {
+        return std::string("OggS\0", 5) + flags + std::string(20, '\1') + '\1' + static_cast<char>(bytes) +
+               std::string(bytes, 'O');
+    };
+    const std::string last = page('\5', 90), other = page('\1', 200);
+    EXPECT_TRUE(HasOggEnd(Exact(other + last).data(), other.size() + last.size()));
+    EXPECT_TRUE(HasOggEnd(Exact(last + "TAG").data(), last.size() + 3));
+    EXPECT_FALSE(HasOggEnd(Exact(last + other).data(), last.size() + other.size()));
+    for (std::size_t size = 0; size < last.size(); ++size)
+        EXPECT_FALSE(HasOggEnd(Exact(last.substr(0, size)).data(), size)) << size;
 }
 
 std::string Box(const char* id, const std::string& content) {
