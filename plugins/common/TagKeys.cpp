@@ -1,6 +1,8 @@
 // How sources spell the keys of tags, and the names under which they travel.
 #include "plugins/common/TagKeys.h"
 
+#include "plugins/common/TagText.h"
+
 namespace {
 
 struct KeyName {
@@ -21,6 +23,23 @@ constexpr KeyName keyNames[] = {
     {L"ORGANIZATION", L"publisher"},
     {L"LABEL", L"publisher"},
     {L"IMUS", L"composer"}, // of an INFO list, as FFmpeg leaves it
+    // Of one key with two names readers give the same for both, by the kind of the tag.
+    {L"MIXARTIST", L"remixer"},
+    {L"MUSICBRAINZ_ALBUMSTATUS", L"releasestatus"},
+    {L"MUSICBRAINZ_ALBUMTYPE", L"releasetype"},
+    {L"MUSICBRAINZ ALBUM RELEASE COUNTRY", L"releasecountry"},
+    {L"MUSICBRAINZ ALBUM STATUS", L"releasestatus"},
+    {L"MUSICBRAINZ ALBUM TYPE", L"releasetype"},
+    {L"MUSICBRAINZ ALBUM ID", L"musicbrainz_albumid"},
+    {L"MUSICBRAINZ ARTIST ID", L"musicbrainz_artistid"},
+    {L"MUSICBRAINZ ALBUM ARTIST ID", L"musicbrainz_albumartistid"},
+    {L"MUSICBRAINZ RELEASE GROUP ID", L"musicbrainz_releasegroupid"},
+    {L"MUSICBRAINZ RELEASE TRACK ID", L"musicbrainz_releasetrackid"},
+    {L"MUSICBRAINZ TRACK ID", L"musicbrainz_trackid"},
+    {L"MUSICBRAINZ WORK ID", L"musicbrainz_workid"},
+    {L"ACOUSTID ID", L"acoustid_id"},
+    {L"ACOUSTID FINGERPRINT", L"acoustid_fingerprint"},
+    {L"MUSICIP PUID", L"musicip_puid"},
 };
 
 // Facts about the file that containers keep among their tags; they don't belong into a copy.
@@ -73,9 +92,12 @@ XString TravelName(const XString& key) {
     return key.Lower();
 }
 
-// CR stands between values alone.
-XString WithLineFeeds(const XString& text) {
-    XString value = text;
+// CR stands between values alone. What is no text comes back in other ways from each kind of tag.
+XString CleanValue(const XString& text) {
+    int first = 1;
+    while (text.CharAt(first) == 0xFEFF && first <= text.Count()) // a byte-order mark
+        ++first;
+    XString value = ValidText(text.From(first));
     value.Replace(L"\r\n", L"\n");
     value.Replace(L"\r", L"\n");
     return value;
@@ -117,10 +139,10 @@ void Join(XTagList& tags, const wchar_t* key, const wchar_t* totalKey) {
 } // namespace
 
 void AddTag(XTagList& tags, const XString& key, const XString& text) {
-    if (text.IsEmpty() || key.IsEmpty() || IsTechnical(key.Upper()))
+    const XString value = CleanValue(text);
+    if (value.IsEmpty() || key.IsEmpty() || IsTechnical(key.Upper()))
         return;
-    const XString name = TravelName(key);
-    const XString value = WithLineFeeds(text);
+    const XString name = TravelName(ValidText(key));
     XTagItem* known = tags.Find(name);
     if (!known) {
         if (tags.Count() < mostKeys)

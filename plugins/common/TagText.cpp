@@ -39,10 +39,25 @@ const TagName* FindTagName(const wchar_t* key) noexcept {
     return nullptr;
 }
 
+XString ValidText(const XString& text) {
+    constexpr wchar_t replacement = 0xFFFD;
+    XString valid = text;
+    for (int i = 1; i <= valid.Count(); ++i) {
+        const auto unit = static_cast<std::uint16_t>(valid.CharAt(i));
+        const auto next = static_cast<std::uint16_t>(i < valid.Count() ? valid.CharAt(i + 1) : 0);
+        if (unit >= 0xD800 && unit < 0xDC00 && next >= 0xDC00 && next < 0xE000)
+            ++i;
+        else if ((unit >= 0xD800 && unit < 0xE000) || unit >= 0xFFFE)
+            valid.SetCharAt(i, replacement);
+    }
+    return valid;
+}
+
 std::string ToUtf8(const wchar_t* text) {
-    const int size = WideToUtf8(text, nullptr, 0); // with the terminator
+    const XString valid = ValidText(text);
+    const int size = WideToUtf8(valid, nullptr, 0); // with the terminator
     std::string result(static_cast<std::size_t>(size), '\0');
-    result.resize(static_cast<std::size_t>(WideToUtf8(text, result.data(), size)));
+    result.resize(static_cast<std::size_t>(WideToUtf8(valid, result.data(), size)));
     if (!result.empty())
         result.pop_back();
     return result;

@@ -14,7 +14,9 @@ struct TagName {
 };
 [[nodiscard]] const TagName* FindTagName(const wchar_t* key) noexcept; // null for keys of other sources
 
-[[nodiscard]] std::string ToUtf8(const wchar_t* text);
+// Halves of surrogate pairs and noncharacters, which some formats refuse, become U+FFFD.
+[[nodiscard]] XString ValidText(const XString& text);
+[[nodiscard]] std::string ToUtf8(const wchar_t* text); // of valid text
 
 // The values of a record, one per element; empty ones are left out.
 void SplitValues(const XTagItem& item, XStringArray& out);

@@ -28,6 +28,19 @@ bool IsForetold(const XTagItem& item, TagValues values) {
            (!item.value.FindChar(L'(') && !IsDigit(item.value.CharAt(1)) && !item.value.FindChar(L'\r'));
 }
 
+// Where numbers and totals stand apart, "5" and "5/12" come back as one.
+bool HasNumberTwice(const XStringArray& texts) {
+    XStringArray numbers;
+    for (const XString& text : texts) {
+        XString number, total;
+        SplitTotal(text, number, total);
+        if (numbers.Contains(number, false))
+            return true;
+        numbers.AddString(number);
+    }
+    return false;
+}
+
 void AddTexts(const XTagItem& item, TagValues values, XTagList& written) {
     const bool isOneText =
         values == TagValues::joined ||
@@ -35,6 +48,8 @@ void AddTexts(const XTagItem& item, TagValues values, XTagList& written) {
     const bool isNumber = item.key.EqualsNoCase(L"track") || item.key.EqualsNoCase(L"disc");
     XStringArray texts;
     SplitValues(item, texts);
+    if (isNumber && HasNumberTwice(texts))
+        return;
     for (const XString& text : texts) {
         if (isNumber && !IsDigit(text.CharAt(1))) // some formats have a total alone under another name
             continue;

@@ -22,6 +22,7 @@ constexpr Row rows[] = {
     {L"encoder", L"x", TagValues::separate, nullptr, nullptr}, // a fact of another file
     {L"track", L"/12", TagValues::separate, nullptr, nullptr},
     {L"track", L"3/12\r4/13", TagValues::separate, L"track", L"3/12\r4/13"},
+    {L"track", L"5\r5/12", TagValues::separate, nullptr, nullptr}, // comes back as one
     {L"r128_track_gain", L"-5", TagValues::separate, nullptr, nullptr},
     {L"left", L"out", TagValues::separate, nullptr, nullptr},
 };
@@ -58,6 +59,19 @@ TEST(WrittenTags, PicturesAreCountedUnlessOneMayBePassedOver) {
     EXPECT_EQ(count({png, jpeg}, 0), 2);
     EXPECT_EQ(count({png, jpeg, png}, 2), 1);
     EXPECT_EQ(count({png, gif}, 0), 0);
+}
+
+TEST(TagKeys, ValuesAreTextThatEveryKindOfTagHolds) {
+    XTagList tags;
+    AddTag(tags, L"artist", L"a\xD800");
+    AddTag(tags, L"artist", L"a\xDC00z\xFFFF\xD83D\xDE00");
+    AddTag(tags, L"artist", L"a\xFFFD"); // the first once more
+    AddTag(tags, L"title", L"\xFEFF");
+    AddTag(tags, L"MusicBrainz Album Type", L"live");
+    AddTag(tags, L"MUSICBRAINZ_ALBUMTYPE", L"live");
+    ASSERT_EQ(tags.Count(), 2);
+    EXPECT_EQ(tags.Get(L"artist"), XString(L"a\xFFFD\ra\xFFFDz\xFFFD\xD83D\xDE00"));
+    EXPECT_EQ(tags.Get(L"releasetype"), XString(L"live"));
 }
 
 TEST(TagKeys, TotalsJoinTheirNumbers) {
