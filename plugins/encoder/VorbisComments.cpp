@@ -9,7 +9,8 @@ namespace {
 constexpr std::size_t lengthBytes = 4;                               // each field is preceded by its length
 constexpr std::size_t mostPictureBytes = (std::size_t(1) << 24) - 1; // of FLAC's block
 
-// Field names are ASCII from blank to '}' without '='; empty for a key that has none left.
+// Field names are ASCII from blank to '}' without '='; empty for a key that has none left. Readers take
+// COVERART for a picture, or for nothing.
 std::string FieldName(const XString& key) {
     if (const TagName* known = FindTagName(key))
         return known->vorbis;
@@ -20,7 +21,7 @@ std::string FieldName(const XString& key) {
             return {};
         name += static_cast<char>(c >= L'a' && c <= L'z' ? c - 32 : c);
     }
-    return name;
+    return name == "COVERART" ? std::string() : name;
 }
 
 std::string Base64(const ByteVector& bytes) {
