@@ -4,6 +4,7 @@
 #include "plugins/decoder/AudioStream.h"
 #include "plugins/decoder/OpusGainTags.h"
 
+#include <cstring>
 #include <windows.h>
 
 extern "C" {
@@ -112,7 +113,8 @@ TagLibFacts CollectTags(const AudioStream& source, const XString& path, XTagList
     if (!AddTagLibTags(path, tags, facts)) {
         AddDictionary(source.Container()->metadata, tags);
         AddDictionary(source.Stream()->metadata, tags); // Ogg keeps its comments at the stream
-    } else if (date && !tags.Get(L"year").IsEmpty() && FromUtf8(date->value).StartsWith(tags.Get(L"year"))) {
+    } else if (date && !tags.Get(L"year").IsEmpty() && FromUtf8(date->value).StartsWith(tags.Get(L"year")) &&
+               !std::strchr(date->value, ';')) {      // of Vorbis comments: several dates
         AddTag(tags, L"date", FromUtf8(date->value)); // TagLib leaves out the day in old ID3 tags
     }
     if (source.Stream()->codecpar->codec_id == AV_CODEC_ID_OPUS)
