@@ -5,6 +5,7 @@
 #include "host/DecoderCatalogue.h"
 #include "host/Settings.h"
 #include "send/ExplorerEntries.h"
+#include "send/SendText.h"
 
 #include <shlobj.h>
 
@@ -61,10 +62,26 @@ bool DeleteIfEmpty(const XString& path) {
     return keys == 0 && values == 0 && RegDeleteKeyW(HKEY_CURRENT_USER, path) == ERROR_SUCCESS;
 }
 
-// True if the class has no verb of ours afterwards.
-bool RemoveVerb(const clExplorerPlaces& places, const XString& className) {
+enum clWhose { ofAnyCopy, notOfOthers };
+
+// Another copy of the program that is still there.
+bool IsOther(const clExplorerPlaces& places, const XString& program) {
+    return !program.EqualsNoCase(places.programs + sendProgram) && IsFile(program);
+}
+
+XString VerbTarget(const XString& verbKey) {
+    const XString command = verbKey + L"\\command";
+    if (!OpenExisting(command).IsValid())
+        return XString();
+    XStringArray words;
+    SplitPaths(RegReadString(L"", HKEY_CURRENT_USER, command), words);
+    return words.IsEmpty() ? XString() : words[0];
+}
+
+// True if the class has no verb afterwards that had to go.
+bool RemoveVerb(const clExplorerPlaces& places, const XString& className, clWhose whose) {
     const XString key = ClassPath(places, VerbKey(className));
-    if (!OpenExisting(key).IsValid())
+    if (!OpenExisting(key).IsValid() || (whose == notOfOthers && IsOther(places, VerbTarget(key))))
         return true;
     XString path = StripBackslash(FolderOf(key));
     RegDeleteTree(HKEY_CURRENT_USER, path, explorerVerb);
@@ -74,7 +91,7 @@ bool RemoveVerb(const clExplorerPlaces& places, const XString& className) {
     return isGone;
 }
 
-bool RemoveVerbs(const clExplorerPlaces& places) {
+bool RemoveVerbs(const clExplorerPlaces& places, clWhose whose) {
     XStringArray classes;
     classes.AddString(classDirectory);
     XStringArray extensions;
@@ -85,7 +102,7 @@ bool RemoveVerbs(const clExplorerPlaces& places) {
         classes.AddString(XString(classAssociations) + L"\\" + extension);
     bool areGone = true;
     for (const XString& className : classes)
-        areGone = RemoveVerb(places, className) && areGone;
+        areGone = RemoveVerb(places, className, whose) && areGone;
     return areGone;
 }
 
@@ -123,16 +140,19 @@ XString ShortcutTarget(const XString& path) {
 }
 
 // A shortcut of that name that leads elsewhere is the user's.
-bool RemoveShortcut(const clExplorerPlaces& places) {
+bool RemoveShortcut(const clExplorerPlaces& places, clWhose whose) {
     const XString path = places.sendTo + sendToName;
-    if (!IsFile(path) || !NameOf(ShortcutTarget(path)).EqualsNoCase(sendProgram))
+    if (!IsFile(path))
+        return true;
+    const XString target = ShortcutTarget(path);
+    if (!NameOf(target).EqualsNoCase(sendProgram) || (whose == notOfOthers && IsOther(places, target)))
         return true;
     return DeleteOneFile(path);
 }
 
-bool RemoveAll(const clExplorerPlaces& places) {
-    const bool noVerbs = RemoveVerbs(places);
-    return RemoveShortcut(places) && noVerbs;
+bool RemoveAll(const clExplorerPlaces& places, clWhose whose) {
+    const bool noVerbs = RemoveVerbs(places, whose);
+    return RemoveShortcut(places, whose) && noVerbs;
 }
 
 void TellExplorer() {
@@ -146,7 +166,7 @@ clExplorerPlaces UsualExplorerPlaces() {
 }
 
 bool RegisterEntries(const clExplorerPlaces& places, const XStringArray& extensions) {
-    bool good = RemoveAll(places);
+    bool good = RemoveAll(places, ofAnyCopy);
     XStringArray classes;
     ClassesWithVerb(extensions, classes);
     for (const XString& className : classes)
@@ -163,7 +183,7 @@ bool RegisterEntries(const clExplorerPlaces& places) {
 }
 
 bool UnregisterEntries(const clExplorerPlaces& places) {
-    const bool good = RemoveAll(places);
+    const bool good = RemoveAll(places, notOfOthers);
     TellExplorer();
     return good;
 }

@@ -17,8 +17,8 @@ struct clExplorerPlaces {
 [[nodiscard]] bool RegisterEntries(const clExplorerPlaces& places, const XStringArray& extensions);
 // The same for what the installed decoders read.
 [[nodiscard]] bool RegisterEntries(const clExplorerPlaces& places);
-// Removes our verb below every class, and the keys above it that are empty then. False: something
-// of ours is still there.
+// Removes our verb below every class, and the keys above it that are empty then; what leads to another
+// copy of the program stays as long as that copy does. False: something of ours is still there.
 [[nodiscard]] bool UnregisterEntries(const clExplorerPlaces& places);
 // Whether the entries are those of this program, not of a copy that stands elsewhere.
 [[nodiscard]] bool AreEntriesRegistered(const clExplorerPlaces& places);

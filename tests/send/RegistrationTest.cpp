@@ -63,6 +63,24 @@ TEST_F(Registration, ComesAndGoesWithoutATrace) {
     EXPECT_FALSE(PathExists(folder + L"Tonemill.lnk"));
 }
 
+TEST_F(Registration, LeavesAnotherCopyOfTheProgramAlone) {
+    clExplorerPlaces other = places;
+    other.programs += L"co py\\";
+    ASSERT_TRUE(MakeFolders(other.programs));
+    Put(L"co py\\ZtSend.exe", "", 0);
+    XStringArray extensions;
+    extensions.AddString(L".aaa");
+    ASSERT_TRUE(RegisterEntries(other, extensions));
+    EXPECT_TRUE(UnregisterEntries(places));
+    EXPECT_TRUE(AreEntriesRegistered(other));
+    EXPECT_TRUE(IsFile(folder + L"Tonemill.lnk"));
+    // What leads to a copy that is gone leads nowhere.
+    ASSERT_TRUE(DeleteOneFile(other.programs + L"ZtSend.exe"));
+    EXPECT_TRUE(UnregisterEntries(places));
+    EXPECT_EQ(Keys(testKey), XString());
+    EXPECT_FALSE(IsFile(folder + L"Tonemill.lnk"));
+}
+
 TEST_F(Registration, LeavesWhatIsNotOurs) {
     const XString associations = XString(testKey) + L"\\SystemFileAssociations\\";
     RegWriteString(L"Play", L"", HKEY_CURRENT_USER, associations + L".aaa\\shell\\play");
