@@ -1,13 +1,7 @@
-// The naming language under any input: it ends, and agrees with a plain evaluation pass by pass.
+// The naming language under any input: it ends.
 #include "naming/NamingEvaluator.h"
 
-#include "PlainNaming.h"
-#include "SampleTags.h"
-
 #include <gtest/gtest.h>
-
-#include <iterator>
-#include <random>
 
 namespace {
 
@@ -51,86 +45,6 @@ TEST(EvaluateNaming, LongHonestTemplatesAreEvaluatedWhole) {
     XTagList tags;
     tags.Add(L"year", L"1987");
     EXPECT_EQ(EvaluateNaming(Repeat(L"[UPPER][year]x[]", 500), tags, nullptr), Repeat(L"1987X", 500));
-}
-
-// Templates put together by chance, nearly all of them malformed.
-TEST(EvaluateNaming, AgreesWithPlainPasses) {
-    constexpr const wchar_t* pieces[] = {
-        L"[]",
-        L"[]",
-        L"[]",
-        L"[",
-        L"]",
-        L",",
-        L",",
-        L"\\",
-        L"a",
-        L"B",
-        L"2",
-        L"0",
-        L"-1",
-        L"48",
-        L"=",
-        L"len>",
-        L"_COMMA_",
-        L"<comma_>",
-        L" ",
-        L".",
-        L"[tag]",
-        L"[tags]",
-        L"title",
-        L"composer",
-        L"year",
-        L"[title]",
-        L"[Year]",
-        L"[album]",
-        L"[track]",
-        L"[track_total]",
-        L"[disc]",
-        L"[label]",
-        L"[origpath]",
-        L"[UPPER]",
-        L"[lower]",
-        L"[RIGHT]",
-        L"[GRAB]",
-        L"[TRIM]",
-        L"[DEL]",
-        L"[SETLEN]",
-        L"[IFCOMP]",
-        L"[IF!COMP]",
-        L"[IFMULTI]",
-        L"[IF!MULTI]",
-        L"[IFEQUALS]",
-        L"[IF!EQUALS]",
-        L"[IF]",
-        L"[IFVALUE]",
-        L"[TRIMFIRSTFOLDER]",
-        L"[TRIMLASTFOLDER]",
-        L"[MAXLENGTH]",
-        L"[FRONTFOLDER]",
-        L"[BACKFOLDER]",
-        L"[ti",
-        L"tle]",
-        L"[station]",
-    };
-    XTagList tags;
-    FillSample(tags);
-    tags.Add(L"[station]", L"R\\1");
-    XStringArray extras;
-    extras.AddString(L"[station]");
-    std::mt19937 random(1);
-    int compared = 0;
-    for (int i = 0; i < 20000; ++i) {
-        XString naming;
-        for (unsigned left = 1 + random() % 24; left > 0; --left)
-            naming += pieces[random() % std::size(pieces)];
-        XString plain;
-        if (!EvaluatePlainly(plain, naming, tags, &extras))
-            continue;
-        ++compared;
-        ASSERT_EQ(EvaluateNaming(naming, tags, &extras), plain) << XString(naming).ToNarrow();
-    }
-    EXPECT_GT(compared, 19000);
 }
 
 } // namespace

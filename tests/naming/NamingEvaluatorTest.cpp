@@ -47,6 +47,7 @@ TEST(EvaluateNaming, Elements) {
         {L"[ti[album]tle]", L"Back [Live]"}, // what an empty value joins is an element
         {L"[alb[title]um]", L"[albBack [Live]um]"},
         {L"[ye[album]ar[album]]", L"1987"},
+        {L"[al[album]bum]", L""}, // the same element, begun before
         {L"[year", L"[year"},
         {L"[ year ]", L"[ year ]"},
         {L"<comma_><BRACKETS_>", L",["},
@@ -54,7 +55,7 @@ TEST(EvaluateNaming, Elements) {
     ExpectRows(rows);
 }
 
-TEST(EvaluateNaming, NumbersOfTracksAndDiscs) {
+TEST(EvaluateNaming, OneTagByItself) {
     struct TrackRow {
         const wchar_t *key, *value, *naming, *expected;
     };
@@ -68,6 +69,9 @@ TEST(EvaluateNaming, NumbersOfTracksAndDiscs) {
         {L"track", L",", L"[track]", L","}, // eight characters while it is worked on
         {L"TRACK", L"3\r4/5", L"[track]|[track_total]", L"03|"},
         {L"disc", L"2", L"[disc]|[disc_total]", L"2|"},
+        {L"disc", L"1/2", L"[IFMULTI]x[][IF!MULTI]y[]", L"x"},
+        {L"disc", L"1/1", L"[IFMULTI]x[][IF!MULTI]y[]", L"y"},
+        {L"origpath", L"[UPPER]", L"[FRONTFOLDER]1[]x[]", L"X"}, // a folder's name is read as language
     };
     for (const TrackRow& row : rows)
         EXPECT_EQ(WithTag(row.key, row.value, row.naming), XString(row.expected))
@@ -85,12 +89,14 @@ TEST(EvaluateNaming, Wrappers) {
         {L"[tag]custom [tag]key[]", L""}, // the key runs from the first wrapper on
         {L"[tag]custom [album]key[]", L"own"},
         {L"[ta[album]g]year[]", L"1987"},
+        {L"[ta[tag]nothing[]g]year[]", L"1987"},
+        {L"[ta[tags]nothing,x[]gs]year,-[]", L"1987"},
         {L"[tags]composer, & []", L"A & B"},
         {L"[tags]composer,_COMMA_[]", L"A,B"},
         {L"[tags]composer,_comma_[]", L"A_comma_B"},
         {L"[tags]composer,[]", L"AB"},
         {L"[tags]composer[]", L""},
-        {L"[tags]a,b,c[]", L""},
+        {L"[tags]composer,b,c[]", L""},
         {L"[tags]composer,+", L"[tags]composer,+"},
         {L"[tags]year,-[]", L"1987"},
         {L"[tags]composer,[year][]", L"A1987B"},
@@ -108,6 +114,8 @@ TEST(EvaluateNaming, UnwrapsKeysOfConditions) {
         {L"[IFVALUE][album],yes,no[]", L"no"},
         {L"[IFVALUE][tag]album[],yes,no[]", L"no"},
         {L"[IFVALUE][tag]year[],yes,no[]", L"yes"},
+        {L"[IFVALUE][tag][],a,b[]", L"b"},
+        {L"[IFVALUE][tag]a[][IFVALUE][tag]year[],yes,no[]", L"[IFVALUE]ayes"},
         {L"[ifValue][Year],yes,no[]", L"yes"},
         {L"[IFEQUALS][year],1987,[artist][]", L"Ox,Ew"},
         {L"[IF!EQUALS][tag]year[],1987,x[]", L""},
@@ -140,6 +148,7 @@ TEST(EvaluateNaming, TextFunctions) {
         {L"[GRAB]3,2,abcd[]", L""},
         {L"[GRAB]2,99,a,b,c[]", L",b,c"},
         {L"[TRIM]  a b  []", L"a b"},
+        {L"[TRIM][][TRIM]x[]", L"x"},
         {L"[DEL]2,3,abcd[]", L"ad"},
         {L"[DEL]2,0,abcd[]", L"a"},
         {L"[DEL]3,100,abcdef[]", L""},
