@@ -55,7 +55,7 @@ VIAddVersionKey LegalCopyright ""
 !macro LeaveWhileRunning FOLDER
     ${Do}
         StrCpy $1 0
-        ${For} $2 1 4
+        ${For} $2 1 5
             ${Select} $2
                 ${Case} 1
                     StrCpy $3 "Tonemill.exe"
@@ -65,6 +65,8 @@ VIAddVersionKey LegalCopyright ""
                     StrCpy $3 "ZtConfig.exe"
                 ${Case} 4
                     StrCpy $3 "ZtSend.exe"
+                ${Case} 5
+                    StrCpy $3 "sdk\ZtCheck.exe"
             ${EndSelect}
             ${If} ${FileExists} "${FOLDER}\$3"
                 ClearErrors
@@ -91,6 +93,7 @@ Section "${NAME}" SectionProgram
     ReadRegStr $4 HKCU "${UNINSTALL}" "InstallLocation"
     ${If} $4 != ""
     ${AndIf} ${FileExists} "$4\Uninstall.exe"
+        !insertmacro LeaveWhileRunning "$4" ; here one can be asked to close it
         ExecWait '"$4\Uninstall.exe" /S _?=$4' $0
         ${If} $0 <> 0
             SetErrorLevel $0
@@ -149,6 +152,18 @@ Function .onInit
         SetErrorLevel 4
         Quit
     ${EndIf}
+    ; An update puts back no entry that was left out, or taken away since.
+    ReadRegStr $0 HKCU "${UNINSTALL}" "InstallLocation"
+    ${If} $0 != ""
+    ${AndIf} ${FileExists} "$0\Uninstall.exe"
+        ReadRegStr $0 HKCU "Software\Classes\Directory\shell\ZtTonemill\command" ""
+        ${If} $0 == ""
+            !insertmacro UnselectSection ${SectionExplorer}
+        ${EndIf}
+        ${IfNot} ${FileExists} "${MENU}\*.lnk"
+            !insertmacro UnselectSection ${SectionMenu}
+        ${EndIf}
+    ${EndIf}
     ${GetParameters} $5
     !insertmacro LeaveOut EXPLORER ${SectionExplorer}
     !insertmacro LeaveOut STARTMENU ${SectionMenu}
@@ -178,6 +193,7 @@ Section "Uninstall"
     Delete "$INSTDIR\Uninstall.exe"
     RMDir "$INSTDIR"
     RMDir "$LOCALAPPDATA\Programs"
+    RMDir "$APPDATA\Zephtone" ; where files wait that are handed to a form, for a moment
     DeleteRegKey HKCU "${UNINSTALL}"
 
     StrCpy $1 0

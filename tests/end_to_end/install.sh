@@ -79,6 +79,11 @@ expect_converted 1 0
 has "$settings" || fail "the conversion left no settings"
 touch "$folder/DSPs/Echo.dll"
 
+# Explorer's helper brings the file to a form.
+tm_with_home wine "$folder/ZtSend.exe" "$(tm_with_home wine winepath -w "$work/tone.wav" 2>/dev/null | tr -d '\r')" </dev/null >/dev/null 2>&1
+wait_until sh -c 'xdotool search --name "^Zephtone Tonemill$" >/dev/null 2>&1'
+windows taskkill /F /IM Tonemill.exe
+
 # Not while the program is running: nothing is half removed or half replaced.
 tm_with_home wine "$folder/Tonemill.exe" </dev/null >/dev/null 2>&1 &
 program=$!
@@ -107,6 +112,7 @@ has 'HKEY_CURRENT_USER\Software\Classes' ZtSend && fail "an entry in Explorer in
 run 'C:\setup.exe' '/S /D=C:\tone mill'
 [ -e "$usual" ] && fail "the earlier version is left"
 has "$settings" || fail "the update took the settings"
+{ has 'HKEY_CURRENT_USER\Software\Classes' ZtSend || [ -e "$menu" ]; } && fail "the update put an entry back"
 run 'C:\tone mill\Uninstall.exe' '/S /SETTINGS=remove'
 wait_until gone "$c/tone mill"
 expect_state before "not as before the second installation"
