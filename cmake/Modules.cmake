@@ -39,7 +39,7 @@ function(tm_plugin name)
         set(scripts "${CMAKE_SOURCE_DIR}/src/resources")
         add_custom_command(OUTPUT "${folder}/${name}.ico"
             COMMAND ${CMAKE_COMMAND} -E make_directory "${folder}"
-            COMMAND "${scripts}/make-plugin-icon.sh" ${P_ICON} "${folder}/${name}.ico"
+            COMMAND bash "${scripts}/make-plugin-icon.sh" ${P_ICON} "${folder}/${name}.ico"
             DEPENDS "${scripts}/make-plugin-icon.sh" "${scripts}/draw.sh" VERBATIM)
         add_custom_target(${P_TARGET}_icon DEPENDS "${folder}/${name}.ico")
         add_dependencies(${P_TARGET} ${P_TARGET}_icon)
