@@ -8,51 +8,50 @@ PieceFile::PieceFile(Reader reader, std::uint64_t size) : reader(std::move(reade
         pieces.push_back({false, 0, size, {}});
 }
 
+std::size_t PieceFile::Find(std::uint64_t offset) {
+    while (offset < nearStart)
+        nearStart -= pieces[--nearIndex].size;
+    while (nearIndex < pieces.size() && offset - nearStart >= pieces[nearIndex].size)
+        nearStart += pieces[nearIndex++].size;
+    return nearIndex;
+}
+
 std::size_t PieceFile::Read(std::uint64_t offset, unsigned char* bytes, std::size_t count) {
     std::size_t done = 0;
-    std::uint64_t start = 0;
-    for (const Piece& piece : pieces) {
-        const std::uint64_t at = offset + done;
-        if (done == count)
+    while (done < count) {
+        const std::size_t index = Find(offset + done);
+        if (index == pieces.size())
             break;
-        if (at < start + piece.size) {
-            const std::uint64_t skipped = at - start;
-            const auto part =
-                static_cast<std::size_t>(std::min<std::uint64_t>(count - done, piece.size - skipped));
-            if (piece.isNew)
-                std::memcpy(bytes + done, piece.bytes.data() + skipped, part);
-            else if (reader(piece.offset + skipped, bytes + done, part) != part) {
-                hasFailed = true;
-                return done;
-            }
-            done += part;
+        const Piece& piece = pieces[index];
+        const std::uint64_t skipped = offset + done - nearStart;
+        const auto part =
+            static_cast<std::size_t>(std::min<std::uint64_t>(count - done, piece.size - skipped));
+        if (piece.isNew)
+            std::memcpy(bytes + done, piece.bytes.data() + skipped, part);
+        else if (reader(piece.offset + skipped, bytes + done, part) != part) {
+            hasFailed = true;
+            return done;
         }
-        start += piece.size;
+        done += part;
     }
     return done;
 }
 
 std::size_t PieceFile::SplitAt(std::uint64_t offset) {
-    std::uint64_t start = 0;
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        if (offset == start)
-            return i;
-        const std::uint64_t head = offset - start;
-        if (head < pieces[i].size) {
-            Piece tail = pieces[i];
-            tail.offset += head;
-            tail.size -= head;
-            if (tail.isNew)
-                tail.bytes.erase(tail.bytes.begin(), tail.bytes.begin() + static_cast<std::ptrdiff_t>(head));
-            pieces[i].size = head;
-            if (tail.isNew)
-                pieces[i].bytes.resize(static_cast<std::size_t>(head));
-            pieces.insert(pieces.begin() + static_cast<std::ptrdiff_t>(i + 1), std::move(tail));
-            return i + 1;
-        }
-        start += pieces[i].size;
-    }
-    return pieces.size();
+    const std::size_t index = Find(offset);
+    const std::uint64_t head = offset - nearStart;
+    if (head == 0)
+        return index;
+    Piece tail = pieces[index];
+    tail.offset += head;
+    tail.size -= head;
+    if (tail.isNew)
+        tail.bytes.erase(tail.bytes.begin(), tail.bytes.begin() + static_cast<std::ptrdiff_t>(head));
+    pieces[index].size = head;
+    if (tail.isNew)
+        pieces[index].bytes.resize(static_cast<std::size_t>(head));
+    pieces.insert(pieces.begin() + static_cast<std::ptrdiff_t>(index + 1), std::move(tail));
+    return index + 1;
 }
 
 void PieceFile::Replace(std::uint64_t offset, std::uint64_t removed, const unsigned char* bytes,
@@ -69,6 +68,8 @@ void PieceFile::Replace(std::uint64_t offset, std::uint64_t removed, const unsig
         pieces.insert(pieces.begin() + static_cast<std::ptrdiff_t>(first),
                       {true, 0, count, std::vector<unsigned char>(bytes, bytes + count)});
     size = size - removed + count;
+    nearIndex = first;
+    nearStart = offset;
 }
 
 std::uint64_t PieceFile::DisplacedBytes() const noexcept {

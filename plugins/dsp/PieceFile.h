@@ -36,10 +36,14 @@ public:
     [[nodiscard]] bool CopyDisplaced();
 
 private:
+    std::size_t Find(std::uint64_t offset);    // index of the piece that holds it, which is near now
     std::size_t SplitAt(std::uint64_t offset); // index of the piece that begins there
 
     Reader reader;
     std::uint64_t size;
     std::vector<Piece> pieces; // none empty
+    // Long Ogg files get a change in each of their pages: a search from the first piece would take minutes.
+    std::size_t nearIndex = 0;
+    std::uint64_t nearStart = 0;
     bool hasFailed = false;
 };
