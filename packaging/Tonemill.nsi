@@ -193,7 +193,10 @@ Section "Uninstall"
     Delete "$INSTDIR\Uninstall.exe"
     RMDir "$INSTDIR"
     RMDir "$LOCALAPPDATA\Programs"
-    RMDir "$APPDATA\Zephtone" ; where files wait that are handed to a form, for a moment
+    ; Lists of files that wait for a moment; one that is there was left by a program that was killed.
+    Delete "$APPDATA\Zephtone\ZtSend-*.tmp"
+    Delete "$APPDATA\Zephtone\AddFilesToExistingTM.bin"
+    RMDir "$APPDATA\Zephtone"
     DeleteRegKey HKCU "${UNINSTALL}"
 
     StrCpy $1 0

@@ -83,6 +83,7 @@ touch "$folder/DSPs/Echo.dll"
 tm_with_home wine "$folder/ZtSend.exe" "$(tm_with_home wine winepath -w "$work/tone.wav" 2>/dev/null | tr -d '\r')" </dev/null >/dev/null 2>&1
 wait_until sh -c 'xdotool search --name "^Zephtone Tonemill$" >/dev/null 2>&1'
 windows taskkill /F /IM Tonemill.exe
+touch "$c"/users/*/AppData/Roaming/Zephtone/ZtSend-killed.tmp
 
 # Not while the program is running: nothing is half removed or half replaced.
 tm_with_home wine "$folder/Tonemill.exe" </dev/null >/dev/null 2>&1 &
