@@ -1,4 +1,5 @@
 compiledIn=(libz-mingw-w64-dev)
+export SOURCE_DATE_EPOCH=0 # the time that linker and strip write into DLLs: the same in every build
 
 # gcc with win32 threads: the posix one would make the DLLs import a thread library of its own.
 # Built in the source folder, so that no path of the build machine gets into messages of the DLLs.
