@@ -1,15 +1,10 @@
 // An encoder or, with FAKE_EFFECT, an effect of the tests' own. FAKE_MUTE answers every question with
 // yes and no text. FAKE_LEAVES gives no settings back and leaves a window of its code behind.
-#include "contract/Plugin.h"
+#define FAKE_OWN_INSTANCE
+#define FAKE_OWN_PANEL
+#include "QuietExports.h"
 #ifdef FAKE_LEAVES
 #include <windows.h>
-#endif
-
-#define FAKE_EXPORT extern "C" __declspec(dllexport)
-#ifdef FAKE_EFFECT
-#define FAKE_NAME(name) DSP_##name
-#else
-#define FAKE_NAME(name) ENC_##name
 #endif
 
 namespace {
@@ -39,9 +34,6 @@ FAKE_EXPORT std::int32_t FAKE_NAME(Get)(ZtInstance, const wchar_t* key, PluginPa
 #endif
     return key[0] == L'T' ? live : 1;
 }
-FAKE_EXPORT std::int32_t FAKE_NAME(Set)(ZtInstance, const wchar_t*, PluginParams*) {
-    return 0;
-}
 #ifdef FAKE_LEAVES
 FAKE_EXPORT void FAKE_NAME(ShowConfigBit)(ZtInstance, void* parent, std::int32_t, std::int32_t,
                                           const wchar_t*) {
@@ -58,29 +50,3 @@ FAKE_EXPORT void FAKE_NAME(ShowConfigBit)(ZtInstance, void*, std::int32_t, std::
 FAKE_EXPORT const wchar_t* FAKE_NAME(RemoveConfigBit)(ZtInstance, void*) {
     return shown;
 }
-
-#ifdef FAKE_EFFECT
-FAKE_EXPORT std::int32_t DSP_BeginConversion(ZtInstance, DspBeginBlock*) {
-    return 0;
-}
-FAKE_EXPORT std::int32_t DSP_EndConversion(ZtInstance, DspAudioBlock*) {
-    return 0;
-}
-FAKE_EXPORT std::int32_t DSP_PassAudioBlock(ZtInstance, DspAudioBlock*) {
-    return 0;
-}
-FAKE_EXPORT std::int32_t DSP_PassNonLive(ZtInstance, DspAudioBlock*) {
-    return 0;
-}
-FAKE_EXPORT void DSP_AfterConversion(ZtInstance, std::int32_t) {}
-#else
-FAKE_EXPORT std::int32_t ENC_BeginConversion(ZtInstance, const EncoderBeginBlock*) {
-    return 0;
-}
-FAKE_EXPORT std::int32_t ENC_EndConversion(ZtInstance, std::int32_t) {
-    return 0;
-}
-FAKE_EXPORT std::int32_t ENC_EncodeBlock(ZtInstance, const void*, std::uint32_t) {
-    return 0;
-}
-#endif

@@ -1,11 +1,10 @@
 // An encoder of the tests' own whose panel is one edit field (control 5000) with the settings text.
 // FAKE_NO_SAME_FOLDER, FAKE_NO_FOLDER: it does not offer that output.
+#define FAKE_OWN_PANEL // the host removes it before the end
+#include "QuietExports.h"
 #include "contract/Keys.h"
-#include "contract/Plugin.h"
 
 #include <windows.h>
-
-#define FAKE_EXPORT extern "C" __declspec(dllexport)
 
 namespace {
 
@@ -23,24 +22,13 @@ constexpr bool noFolder = false;
 HWND panel = nullptr;
 wchar_t settings[512];
 
-bool Is(const wchar_t* key, const wchar_t* other) {
-    return lstrcmpW(key, other) == 0;
-}
-
 } // namespace
 
-FAKE_EXPORT ZtInstance ENC_Create(PluginCreateBlock*) {
-    return &panel;
-}
-FAKE_EXPORT void ENC_Destroy(ZtInstance) {} // the host has removed the panel
 FAKE_EXPORT std::int32_t ENC_Get(ZtInstance, const wchar_t* key, PluginParams* params) {
-    if (Is(key, ZtKey::extension))
+    if (IsText(key, ZtKey::extension))
         params->text1 = L".fke";
-    return Is(key, ZtKey::extension) || (noSameFolder && Is(key, ZtKey::disableSameFolder)) ||
-           (noFolder && Is(key, ZtKey::disableConvertToFolder));
-}
-FAKE_EXPORT std::int32_t ENC_Set(ZtInstance, const wchar_t*, PluginParams*) {
-    return 0;
+    return IsText(key, ZtKey::extension) || (noSameFolder && IsText(key, ZtKey::disableSameFolder)) ||
+           (noFolder && IsText(key, ZtKey::disableConvertToFolder));
 }
 FAKE_EXPORT void ENC_ShowConfigBit(ZtInstance, void* parent, std::int32_t x, std::int32_t y,
                                    const wchar_t* text) {
@@ -55,13 +43,4 @@ FAKE_EXPORT const wchar_t* ENC_RemoveConfigBit(ZtInstance, void* parent) {
         panel = nullptr;
     }
     return settings;
-}
-FAKE_EXPORT std::int32_t ENC_BeginConversion(ZtInstance, const EncoderBeginBlock*) {
-    return 0;
-}
-FAKE_EXPORT std::int32_t ENC_EndConversion(ZtInstance, std::int32_t) {
-    return 0;
-}
-FAKE_EXPORT std::int32_t ENC_EncodeBlock(ZtInstance, const void*, std::uint32_t) {
-    return 0;
 }

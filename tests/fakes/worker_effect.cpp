@@ -2,7 +2,10 @@
 // (multiplies), hold=1 (keeps all until the end), drop=1 (keeps all for good), top=1 (learns the highest
 // sample in a first pass and subtracts it from every sample), tell=1 (adds a tag with a value for each
 // 10000 of that).
-#include "contract/Plugin.h"
+#define FAKE_EFFECT
+#define FAKE_OWN_INSTANCE
+#define FAKE_OWN_AUDIO
+#include "QuietExports.h"
 #include "worker_numbers.h"
 
 #include <algorithm>
@@ -27,8 +30,6 @@ FakeEffect& Of(ZtInstance instance) {
 
 } // namespace
 
-#define FAKE_EXPORT extern "C" __declspec(dllexport)
-
 FAKE_EXPORT ZtInstance DSP_Create(PluginCreateBlock*) {
     return new FakeEffect;
 }
@@ -50,14 +51,6 @@ FAKE_EXPORT std::int32_t DSP_Get(ZtInstance instance, const wchar_t* key, Plugin
     }
     params->text1 = L"the fake effect's own words";
     return std::wcscmp(key, L"Last Error") == 0;
-}
-
-FAKE_EXPORT std::int32_t DSP_Set(ZtInstance, const wchar_t*, PluginParams*) {
-    return 0;
-}
-FAKE_EXPORT void DSP_ShowConfigBit(ZtInstance, void*, std::int32_t, std::int32_t, const wchar_t*) {}
-FAKE_EXPORT const wchar_t* DSP_RemoveConfigBit(ZtInstance, void*) {
-    return L"";
 }
 
 FAKE_EXPORT std::int32_t DSP_BeginConversion(ZtInstance instance, DspBeginBlock* block) {

@@ -3,7 +3,9 @@
 // that are refused), saytmp=1 (fails with the temporary folder as its words), nofile=1 (writes into the
 // void and says two lines of what it heard), channels= and tags= (says that the file has so many channels,
 // and so many values of a tag).
-#include "contract/Plugin.h"
+#define FAKE_OWN_INSTANCE
+#define FAKE_OWN_AUDIO
+#include "QuietExports.h"
 #include "worker_numbers.h"
 
 #include <windows.h>
@@ -33,8 +35,6 @@ FakeEncoder& Of(ZtInstance instance) {
 }
 
 } // namespace
-
-#define FAKE_EXPORT extern "C" __declspec(dllexport)
 
 FAKE_EXPORT ZtInstance ENC_Create(PluginCreateBlock*) {
     return new FakeEncoder;
@@ -76,14 +76,6 @@ FAKE_EXPORT std::int32_t ENC_Get(ZtInstance instance, const wchar_t* key, Plugin
         params->text2 = L"wrong is not good";
     }
     return 0;
-}
-
-FAKE_EXPORT std::int32_t ENC_Set(ZtInstance, const wchar_t*, PluginParams*) {
-    return 0;
-}
-FAKE_EXPORT void ENC_ShowConfigBit(ZtInstance, void*, std::int32_t, std::int32_t, const wchar_t*) {}
-FAKE_EXPORT const wchar_t* ENC_RemoveConfigBit(ZtInstance, void*) {
-    return L"";
 }
 
 FAKE_EXPORT std::int32_t ENC_BeginConversion(ZtInstance instance, const EncoderBeginBlock* block) {
