@@ -40,8 +40,9 @@ XKernelHandle StartWithList(const XString& programFolder, const XString& list) {
     STARTUPINFOW start{};
     start.cb = sizeof(start);
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, commandLine.Buffer(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                        &process))
+    // Not in the folder that was clicked in, which could be neither renamed nor removed meanwhile.
+    if (!CreateProcessW(nullptr, commandLine.Buffer(), nullptr, nullptr, FALSE, 0, nullptr, programFolder,
+                        &start, &process))
         return XKernelHandle();
     CloseHandle(process.hThread);
     return XKernelHandle(process.hProcess);
