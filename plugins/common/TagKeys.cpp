@@ -3,6 +3,8 @@
 
 #include "plugins/common/TagText.h"
 
+#include <cstring>
+
 namespace {
 
 struct KeyName {
@@ -103,8 +105,19 @@ XString CleanValue(const XString& text) {
     return value;
 }
 
+// Without a copy: damaged sources bring thousands of values.
 bool HasValue(const XString& joined, const XString& value) {
-    return (L"\r" + joined + L"\r").Find(L"\r" + value + L"\r") != 0;
+    for (int at = 1; at <= joined.Count();) {
+        int end = joined.FindChar(L'\r', at);
+        if (end == 0)
+            end = joined.Count() + 1;
+        const auto units = static_cast<std::size_t>(end - at);
+        if (end - at == value.Count() &&
+            std::memcmp(joined.Text() + at - 1, value.Text(), units * sizeof(wchar_t)) == 0)
+            return true;
+        at = end + 1;
+    }
+    return false;
 }
 
 // The first total is the first number's, and so on; one total alone is that of all.
@@ -158,8 +171,8 @@ void AddTag(XTagList& tags, const XString& key, const XString& text) {
         return;
     const bool fits = value.Count() < mostJoinedUnits - known->value.Count();
     if (fits && !HasValue(known->value, value)) { // two spellings of one key often say the same
-        known->value.Append(L"\r");
-        known->value.Append(value);
+        known->value.Extend(L"\r");
+        known->value.Extend(value);
     }
 }
 
