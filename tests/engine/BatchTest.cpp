@@ -181,15 +181,19 @@ TEST_F(ConversionTest, CancelledOverwriteQuestionAbandonsTheBatch) {
     EXPECT_EQ(conversion.Tick().outcome, clTickOutcome::nothing);
 }
 
-TEST_F(ConversionTest, ResumingMovesTheStartOfTheClock) {
-    conversion.launch = [](clJobSlot& slot, const clFileItem&) { slot.running = true; };
+TEST_F(ConversionTest, APauseHoldsLaunchesAndTheClock) {
+    int launched = 0;
+    conversion.launch = [&](clJobSlot&, const clFileItem&) { ++launched; }; // done at once
     conversion.Prepare();
-    EXPECT_EQ(conversion.Tick().outcome, clTickOutcome::nothing);
+    while (launched == 0)
+        ASSERT_EQ(conversion.Tick().outcome, clTickOutcome::nothing);
+    const int before = launched;
     const std::uint32_t start = conversion.scheduler.startTick;
     const DWORD begin = GetTickCount();
     conversion.Pause();
-    while (GetTickCount() - begin < 30)
-        Sleep(1);
+    for (; GetTickCount() - begin < 30; Sleep(1))
+        EXPECT_EQ(conversion.Tick().outcome, clTickOutcome::nothing);
+    EXPECT_EQ(launched, before);
     conversion.Resume();
     const std::uint32_t moved = conversion.scheduler.startTick - start;
     EXPECT_GE(moved, 30u);

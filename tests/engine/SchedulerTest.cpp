@@ -176,7 +176,7 @@ TEST_F(Fixture, OverwriteAnswersComeBackToTheirFiles) {
     const auto ask = [&](XArray<clOverwriteItem>& rows) {
         ++asked;
         EXPECT_EQ(rows.Count(), 2);
-        rows[0].replacementPath = L"C:\\new.out";
+        rows[0].replacementPath = L"C:\\ne:w.out"; // as it was typed
         rows[1].skipFlag = 1;
         return true;
     };
@@ -186,7 +186,7 @@ TEST_F(Fixture, OverwriteAnswersComeBackToTheirFiles) {
     EXPECT_FALSE(CheckOverwrites(files, L".out", exists, [](XArray<clOverwriteItem>&) { return false; }));
     EXPECT_TRUE(CheckOverwrites(files, L".out", exists, ask));
     EXPECT_EQ(asked, 1);
-    EXPECT_EQ(files[1].outputPath, XString(L"C:\\new.out"));
+    EXPECT_EQ(files[1].outputPath, XString(L"C:\\ne;w.out"));
     EXPECT_EQ(files[1].skipFlag, 0u);
     EXPECT_EQ(files[2].outputPath, XString(L"C:\\c.out"));
     EXPECT_EQ(files[2].skipFlag, 1u);

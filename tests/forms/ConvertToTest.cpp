@@ -106,10 +106,15 @@ TEST_F(ConvertTo, OnlyTheCloseBoxDropsChanges) {
     }
 }
 
-TEST_F(ConvertTo, TheSameItemIsNotOpenedAgain) {
+TEST_F(ConvertTo, AnItemsPanelStandsInItsPlaceAndIsNotOpenedAgain) {
     HWND panel = nullptr;
     Run({[&] {
              panel = At(panelEdit);
+             RECT place{}, room{21, 33, 0, 0};
+             GetWindowRect(panel, &place);
+             MapWindowPoints(nullptr, Form(), reinterpret_cast<POINT*>(&place), 2);
+             MapDialogRect(Form(), &room);
+             EXPECT_TRUE(place.left == room.left && place.top == room.top);
              return panel && SetWindowTextW(panel, L"typed");
          },
          Choose(L"Alpha"), // handled before the next step, as both are posted
@@ -252,49 +257,15 @@ TEST_F(ConvertTo, ShowsItsHelp) {
     EXPECT_EQ(opened[0], ProgramFolder() + L"Help\\zTM\\zTM.htm");
 }
 
-TEST_F(ConvertTo, TheProgramsOwnEncodersShowTheirPanels) {
-    XString program = StripBackslash(ProgramFolder()), last;
-    PopLastFolder(last, program);
-    PopLastFolder(last, program);
-    program = AddBackslash(program) + L"Tonemill\\";
-    SetPluginRoot(program);
-    SetDllDirectoryW(program); // what plug-ins import stands beside the program
-    const auto panel = [] { return FindWindowExW(Form(), nullptr, L"#32770", nullptr); };
-    XString settings;
-    Run({Choose(L"Wave"),
-         [&] {
-             const HWND shown = panel();
-             if (!shown)
-                 return false;
-             RECT place{};
-             GetWindowRect(shown, &place);
-             MapWindowPoints(nullptr, Form(), reinterpret_cast<POINT*>(&place), 2);
-             RECT room = {21, 33, 321, 147};
-             MapDialogRect(Form(), &room);
-             EXPECT_EQ(place.left, room.left);
-             EXPECT_EQ(place.top, room.top);
-             EXPECT_LE(place.right, room.right);
-             EXPECT_LE(place.bottom, room.bottom);
-             return true;
-         }},
-        IDOK);
-    EXPECT_EQ(RegReadString(Setting::lastCodec), XString(L"Wave"));
-    SetDllDirectoryW(nullptr);
-}
-
 TEST_F(ConvertTo, HoldsNoHandlesOfEarlierShowings) {
     Store(L"Beta", L"b", 2, L"E:\\", L"x", chain);
-    const auto showSome = [this](int times) {
-        for (int i = 0; i < times; ++i) {
-            RegWriteString(L"Alpha", Setting::lastCodec);
-            Run({Choose(L"Beta"), Until([] { return TextOf(Form(), panelEdit) == L"b"; })}, IDOK);
-        }
+    const auto show = [this] {
+        RegWriteString(L"Alpha", Setting::lastCodec);
+        Run({Choose(L"Beta"), Until([] { return TextOf(Form(), panelEdit) == L"b"; })}, IDOK);
     };
-    showSome(5);
-    const HandleReach before;
-    showSome(20);
-    const HandleReach after;
-    ExpectNothingLeft(before, after, 20);
+    for (int i = 0; i < 4; ++i)
+        show();
+    ExpectNothingLeftBy(20, show);
 }
 
 } // namespace

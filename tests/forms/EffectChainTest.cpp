@@ -349,15 +349,11 @@ TEST_F(EffectChain, DialogsHoldNothingAfterwards) {
     EXPECT_EQ(show(L"Odd"), XString());
     wchar_t ended[2] = L"";
     EXPECT_EQ(GetEnvironmentVariableW(L"TM_FAKE_ENDED", ended, 2), 1U);
-    for (int i = 0; i < 2; ++i)
-        EXPECT_EQ(show(report), XString(L"-file=\"a\""));
-    const HandleReach before;
-    for (int i = 0; i < 25; ++i) {
+    EXPECT_EQ(show(report), XString(L"-file=\"a\""));
+    ExpectNothingLeftBy(25, [&] {
         (void)show(report);
         (void)show(L"Odd");
-    }
-    const HandleReach after;
-    ExpectNothingLeft(before, after, 50);
+    });
 }
 
 } // namespace

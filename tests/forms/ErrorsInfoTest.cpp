@@ -278,23 +278,8 @@ TEST_F(ErrorsInfo, NothingOverlapsAtAnySize) {
         EXPECT_TRUE(!both || EqualRect(&before, &after)); // shown anew where it stood
         for (const SIZE& size : {SIZE{1, 1}, SIZE{700, 300}, SIZE{1200, 900}}) {
             form.MoveTo(0, 0, size.cx, size.cy);
-            RECT client{};
-            GetClientRect(form.Hwnd, &client);
-            MapWindowPoints(form.Hwnd, nullptr, reinterpret_cast<POINT*>(&client), 2);
-            std::vector<RECT> seen;
-            for (HWND child = GetWindow(form.Hwnd, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-                if (!IsWindowVisible(child) || (both && child == Control(ID_LOG_TREE)))
-                    continue; // the tree stands in the tabs
-                RECT common{};
-                const RECT own = place(child);
-                EXPECT_TRUE(IntersectRect(&common, &own, &client) && EqualRect(&common, &own))
-                    << GetDlgCtrlID(child) << " at " << size.cx;
-                for (const RECT& other : seen)
-                    EXPECT_FALSE(IntersectRect(&common, &own, &other))
-                        << GetDlgCtrlID(child) << " at " << size.cx;
-                seen.push_back(own);
-            }
-            EXPECT_EQ(seen.size(), 5U);
+            const HWND inTabs = both ? Control(ID_LOG_TREE) : nullptr;
+            EXPECT_EQ(CountPlacedControls(form.Hwnd, size.cx, size.cy, inTabs), 5U);
             const RECT tree = place(Control(ID_LOG_TREE));
             const RECT tabs = place(Control(ID_LOG_TABS));
             EXPECT_GT(tree.bottom - tree.top, 50);
@@ -341,7 +326,7 @@ TEST_F(ErrorsInfo, PassesTheWheelToTheTree) {
 TEST_F(ErrorsInfo, FiftyShowingsLeaveNothingBehind) {
     AddEntry(errors, L"C:\\a.wav", {L"x"});
     AddEntry(info, L"C:\\b.wav", {L"y"});
-    const auto cycle = [&] {
+    ExpectNothingLeftBy(50, [&] {
         form.CanReconvert = false;
         form.ShowDuringBatch(nullptr);
         ChooseTab(1);
@@ -349,11 +334,5 @@ TEST_F(ErrorsInfo, FiftyShowingsLeaveNothingBehind) {
         const FormDriver driver(
             {[&] { return form.Hwnd && IsShown(IDOK) && PostMessageW(form.Hwnd, WM_CLOSE, 0, 0); }});
         form.ShowEndOfBatch(nullptr);
-    };
-    cycle();
-    const HandleReach before;
-    for (int i = 0; i < 50; ++i)
-        cycle();
-    const HandleReach after;
-    ExpectNothingLeft(before, after, 50);
+    });
 }

@@ -99,13 +99,13 @@ HWND FindBoxOf(HWND form) {
     });
 }
 
-std::size_t CountPlacedControls(HWND form, int width, int height) {
+std::size_t CountPlacedControls(HWND form, int width, int height, HWND except) {
     SetWindowPos(form, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
     RECT client{};
     GetClientRect(form, &client);
     std::vector<RECT> seen;
     for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-        if (!IsWindowVisible(child))
+        if (!IsWindowVisible(child) || child == except)
             continue;
         RECT own{}, common{};
         GetWindowRect(child, &own);

@@ -47,6 +47,6 @@ private:
 [[nodiscard]] HWND FindBoxOf(HWND form);         // any message box that the form owns
 [[nodiscard]] XString TextOf(HWND window);
 // Sizes the form and counts its visible controls. Fails the test if one reaches out of the form or
-// over another.
-std::size_t CountPlacedControls(HWND form, int width, int height);
+// over another; `except` is passed over.
+std::size_t CountPlacedControls(HWND form, int width, int height, HWND except = nullptr);
 [[nodiscard]] XString TextOf(HWND form, int controlId);

@@ -338,16 +338,10 @@ TEST_F(ListRename, RenamesAndSkipsReachTheDisk) {
 TEST_F(ListRename, FiftyShowingsLeaveNothingBehind) {
     Add(L"Q:\\1.zzz", 1024);
     Add(L"track01.IGNORE");
-    const auto cycle = [&] {
+    ExpectNothingLeftBy(50, [&] {
         std::vector<Step> steps = {Key(VK_HOME), Key(VK_F2), IsEditing, Key(VK_ESCAPE), IsNotEditing};
         AskMenu(steps, 1);
         steps.push_back(Press(IDOK));
         Show(std::move(steps));
-    };
-    cycle();
-    const HandleReach before;
-    for (int i = 0; i < 50; ++i)
-        cycle();
-    const HandleReach after;
-    ExpectNothingLeft(before, after, 50);
+    });
 }

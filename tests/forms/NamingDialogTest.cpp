@@ -148,16 +148,10 @@ TEST(NamingDialog, ReadsUpTo9999Characters) {
 }
 
 TEST(NamingDialog, FiftyShowingsLeaveNothingBehind) {
-    const auto showOnce = [] {
+    ExpectNothingLeftBy(50, [] {
         XString naming(L"[title]");
         Show(naming, {[] { return Form() && Click(L"\\") && Press(IDCANCEL); }});
-    };
-    showOnce();
-    const HandleReach before;
-    for (int i = 0; i < 50; ++i)
-        showOnce();
-    const HandleReach after;
-    ExpectNothingLeft(before, after, 50);
+    });
 }
 
 } // namespace

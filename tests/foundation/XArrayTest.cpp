@@ -20,24 +20,6 @@ XString Joined(const XStringArray& texts) {
 
 } // namespace
 
-TEST(XArray, GrowsByDoublingSteps) {
-    XStringArray texts;
-    EXPECT_EQ(texts.Slots().capacity, 16);
-    for (const std::int64_t capacity : {16, 48, 112, 240, 496}) {
-        while (texts.Count() < capacity)
-            texts.AddString(L"x");
-        EXPECT_EQ(texts.Slots().capacity, capacity);
-    }
-    texts.Clear();
-    EXPECT_EQ(texts.Slots().items, nullptr);
-    EXPECT_EQ(texts.Slots().step, 32);
-    for (const std::int64_t capacity : {32, 96, 224}) {
-        while (texts.Count() < capacity)
-            texts.AddString(L"x");
-        EXPECT_EQ(texts.Slots().capacity, capacity);
-    }
-}
-
 TEST(XArray, InsertsAndRemovesWithinBounds) {
     XStringArray texts;
     texts.AddString(L"b", 5);

@@ -52,3 +52,14 @@ inline void ExpectNothingLeft(const HandleReach& before, const HandleReach& afte
     EXPECT_LE(after.user, before.user + slack);
     EXPECT_LE(after.kernel, before.kernel + slack);
 }
+
+// Does the work once, for what the system keeps from then on, and then so many rounds that leave nothing.
+template <class Work>
+void ExpectNothingLeftBy(DWORD rounds, Work work) {
+    work();
+    const HandleReach before;
+    for (DWORD i = 0; i < rounds; ++i)
+        work();
+    const HandleReach after;
+    ExpectNothingLeft(before, after, rounds);
+}

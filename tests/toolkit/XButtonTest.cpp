@@ -254,19 +254,13 @@ TEST_F(XButtonTest, BitmapFramesFollowTheFlags) {
 }
 
 TEST_F(XButtonTest, FormsWithButtonsAndTipsLeakNothing) {
-    const auto run = [] {
+    ExpectNothingLeftBy(50, [] {
         ButtonForm other;
         std::string log;
         NotingButton button(log);
         other.Buttons.AddButton(button, {.Width = 60, .Height = 20, .Caption = L"&X", .Tip = L"tip"}, 0,
                                 &other);
         button.Draw(nullptr, buttonPressed, true);
-    };
-    run();
-    const HandleReach before;
-    for (int i = 0; i < 50; ++i)
-        run();
-    const HandleReach after;
-    ExpectNothingLeft(before, after, 50);
+    });
 }
 } // namespace

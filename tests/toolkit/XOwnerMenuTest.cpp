@@ -231,7 +231,7 @@ TEST(XOwnerMenu, ReturnsTheChoiceOfARealMenu) {
 TEST(XOwnerMenu, KeepsNothingAfterManyLoads) {
     const XIcon icon = MakeIcon(16, 0xFF0000FF);
     const Canvas canvas(100, 20);
-    const auto use = [&] {
+    ExpectNothingLeftBy(50, [&] {
         XOwnerMenu menu;
         ASSERT_TRUE(menu.Load(901));
         menu.SetItemIcon(sink, icon.Get());
@@ -240,13 +240,7 @@ TEST(XOwnerMenu, KeepsNothingAfterManyLoads) {
         for (int i = 0; i < 7; ++i)
             DrawAt(menu, i, ODS_SELECTED, canvas);
         menu.RemoveItem(6);
-    };
-    use();
-    const HandleReach before;
-    for (int i = 0; i < 50; ++i)
-        use();
-    const HandleReach after;
-    ExpectNothingLeft(before, after, 50);
+    });
 }
 
 TEST(GreyIcon, LightensAllButBlackAndKeepsTransparency) {

@@ -6,7 +6,6 @@
 #include "toolkit/XValueMasks.h"
 
 #include <array>
-#include <cstdio>
 
 namespace {
 HICON SolidIcon(COLORREF colour) {
@@ -245,21 +244,4 @@ TEST_F(XValueListTest, ReleasesWhatItsRowsHold) {
     ExpectNothingLeft(before, after, 50);
 }
 
-TEST_F(XValueListTest, TakesThousandsOfRowsAtAnEvenPace) {
-    const auto fill = [this](int rows) {
-        form.list.Clear();
-        form.Add(valueEdit, L"");
-        form.list.SelectRow(0); // the first addition closes this one's control
-        const DWORD start = GetTickCount();
-        const XValueListFill scope(form.list);
-        for (int i = 0; i < rows; ++i)
-            form.Add(i % 10, L"value");
-        return GetTickCount() - start;
-    };
-    const DWORD few = fill(500);
-    const DWORD many = fill(5000);
-    std::printf("500 rows: %lu ms, 5000 rows: %lu ms\n", few, many);
-    EXPECT_EQ(SendMessageW(form.list.List, LB_GETCOUNT, 0, 0), 5001);
-    EXPECT_LT(many, 30 * (few + 10)); // ten times as many, and some room
-}
 } // namespace

@@ -120,43 +120,6 @@ TEST(XWindow, IconsAreTakenOverAndEndWithTheObject) {
     EXPECT_FALSE(IsIcon(keptBig) || IsIcon(keptSmall));
 }
 
-class ModalForm final : public XWindow {
-public:
-    ModalForm(INT_PTR& result, std::uint64_t endOnTimer) : endOnTimer(endOnTimer) {
-        alignas(DWORD) static const EmptyDialog dialog;
-        result = ShowModal(&dialog.head, nullptr);
-    }
-    void OnInit() override {
-        wasDialog = IsDialog && Hwnd;
-        AddTimer(10, endOnTimer);
-    }
-    void OnTimer(std::uint64_t id, std::uint64_t) override {
-        ++ticks;
-        SendMessageW(Hwnd, WM_COMMAND, id == 1 ? IDOK : IDCANCEL, 0);
-    }
-    void OnOK() override { EndDialog(Hwnd, 1); }
-    void OnCancel() override { EndDialog(Hwnd, 0); }
-    void OnDestroy() override { destroyed = true; }
-
-    std::uint64_t endOnTimer;
-    bool wasDialog = false;
-    bool destroyed = false;
-    int ticks = 0;
-};
-
-TEST(XWindow, ConstructorOfAModalFormReturnsWhenItHasClosed) {
-    for (const INT_PTR expected : {1, 0}) {
-        INT_PTR result = 99;
-        const ModalForm form(result, expected == 1 ? 1 : 2);
-        EXPECT_EQ(result, expected);
-        EXPECT_TRUE(form.wasDialog);
-        EXPECT_TRUE(form.destroyed);
-        EXPECT_EQ(form.ticks, 1);
-        EXPECT_EQ(form.Hwnd, nullptr);
-        EXPECT_EQ(Toolkit().LiveWindows.count, 0);
-    }
-}
-
 class UnmadeForm final : public XWindow {
 public:
     explicit UnmadeForm(INT_PTR& result) { result = ShowModal(31999, nullptr); }
@@ -182,11 +145,7 @@ TEST(XWindow, ManyWindowsLeaveNothingBehind) {
     for (int i = 0; i < 20; ++i) // the system's own caches fill first
         cycle();
     const std::uint32_t firstClass = Toolkit().WindowClassCounter;
-    const HandleReach before;
-    for (int i = 0; i < 200; ++i)
-        cycle();
-    const HandleReach after;
-    ExpectNothingLeft(before, after, 200);
+    ExpectNothingLeftBy(200, cycle);
     EXPECT_EQ(Toolkit().LiveWindows.count, 0);
     for (std::uint32_t n = firstClass; n < Toolkit().WindowClassCounter; ++n)
         EXPECT_FALSE(IsClass(XString(L"XWnd") + UnsignedText(n)));
