@@ -1,5 +1,5 @@
 // The configuration form with all of its controls in use.
-#include "ConfigScreens.h"
+#include "FormScreens.h"
 
 #include "config/frmConfig.h"
 #include "resources/ids.h"

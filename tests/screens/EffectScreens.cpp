@@ -1,5 +1,5 @@
 // The chain of effects with a row selected, its menu with the effects to add, and an effect's settings.
-#include "EffectScreens.h"
+#include "FormScreens.h"
 
 #include "forms/setup/EffectSettingsDialog.h"
 #include "forms/setup/frmConvertToOpt.h"

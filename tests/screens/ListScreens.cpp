@@ -1,5 +1,5 @@
 // The list of files to convert as it opens, resized, with an edit and with its menu.
-#include "ListScreens.h"
+#include "FormScreens.h"
 
 #include "forms/review/frmListNRename.h"
 #include "resources/ids.h"

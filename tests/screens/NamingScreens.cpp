@@ -1,5 +1,5 @@
 // The dialog of naming templates as it opens, with the functions in sight, and with its refusal.
-#include "NamingScreens.h"
+#include "FormScreens.h"
 
 #include "forms/setup/dlgNaming.h"
 #include "resources/ids.h"

@@ -1,5 +1,5 @@
 // The overwrite form as it opens, small, large, and with its menu.
-#include "ReviewScreens.h"
+#include "FormScreens.h"
 
 #include "forms/review/frmOverwrite.h"
 #include "resources/ids.h"

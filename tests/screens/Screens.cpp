@@ -2,12 +2,7 @@
 // when the state stands; the program ends when FLAG is gone. scripts/screenshots.sh takes the pictures.
 #include "../forms/FormDriver.h"
 #include "../support/ReportingWorker.h"
-#include "ConfigScreens.h"
-#include "EffectScreens.h"
-#include "ListScreens.h"
-#include "NamingScreens.h"
-#include "ReviewScreens.h"
-#include "SetupScreens.h"
+#include "FormScreens.h"
 #include "engine/WorkerText.h"
 #include "foundation/XFileSystem.h"
 #include "host/PluginFolders.h"

@@ -1,5 +1,5 @@
 // The set-up form with each encoder's panel and each output mode, and what opens from its encoder list.
-#include "SetupScreens.h"
+#include "FormScreens.h"
 
 #include "forms/setup/frmConvertToOpt.h"
 #include "host/Settings.h"
