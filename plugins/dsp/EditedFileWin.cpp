@@ -34,6 +34,13 @@ bool SetSize(HANDLE file, std::uint64_t size) {
     return SeekTo(file, size) && SetEndOfFile(file);
 }
 
+// A name may reach the disk before the bytes do: after a power cut the file would be empty.
+bool IsOnDisk(const XString& path) {
+    const XFileHandle file(CreateFileW(LongPath(path, longFolderLimit), GENERIC_WRITE, FILE_SHARE_READ,
+                                       nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file.IsValid() && FlushFileBuffers(file.Get()) != 0;
+}
+
 } // namespace
 
 bool EditedFile::Fail(const wchar_t* what, DWORD code) {
@@ -122,6 +129,8 @@ bool EditedFile::WriteAnew() {
     isGood = isGood && out.Close();
     if (!isGood && error.IsEmpty())
         error = out.Error();
+    if (isGood && !IsOnDisk(temporary))
+        isGood = Fail(L"write", GetLastError());
     handle.Reset();
     if (isGood && !MoveFileExW(LongPath(temporary, longFolderLimit), LongPath(path, longFolderLimit),
                                MOVEFILE_REPLACE_EXISTING))
