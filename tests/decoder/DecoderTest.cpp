@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <zlib.h>
+
 #include <cstring>
 #include <memory>
 #include <string>
@@ -109,6 +111,18 @@ std::string WaveBytes(const WaveRow& row) {
     return bytes + data;
 }
 
+// EBML: an element with a size of eight bytes.
+std::string Element(std::uint32_t id, const std::string& content) {
+    std::string bytes;
+    for (int shift = 24; shift >= 0; shift -= 8)
+        if (id >> shift)
+            bytes.push_back(static_cast<char>(id >> shift));
+    bytes.push_back(1);
+    for (int shift = 48; shift >= 0; shift -= 8)
+        bytes.push_back(static_cast<char>(std::uint64_t{content.size()} >> shift));
+    return bytes + content;
+}
+
 // A file of these bytes that goes with the object.
 class Source {
 public:
@@ -147,6 +161,34 @@ TEST_F(DecoderLibrary, DeliversTheSamplesOfWaveFiles) {
             expected.push_back(SampleAt(row, i));
         EXPECT_TRUE(DecodeAll(row.block) == expected);
     }
+}
+
+// Packed blocks need the zlib that FFmpeg was built with.
+TEST_F(DecoderLibrary, UnpacksMatroska) {
+    const WaveRow row{16, false, 2, 5000, 4096};
+    const std::string pcm = WaveBytes(row).substr(44);
+    uLongf size = compressBound(static_cast<uLong>(pcm.size()));
+    std::string packed(size, '\0');
+    ASSERT_EQ(compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
+                        reinterpret_cast<const Bytef*>(pcm.data()), static_cast<uLong>(pcm.size()), 9),
+              Z_OK);
+    packed.resize(size);
+    using namespace std::string_literals;
+    const std::string audio =
+        Element(0xE1, Element(0xB5, "\x47\x2C\x44\0"s) + Element(0x9F, "\2") + Element(0x6264, "\x10"));
+    const std::string track =
+        Element(0xAE, Element(0xD7, "\1") + Element(0x73C5, "\1") + Element(0x83, "\2") +
+                          Element(0x86, "A_PCM/INT/LIT") + audio +
+                          Element(0x6D80, Element(0x6240, Element(0x5034, Element(0x4254, "\0"s)))));
+    // track 1, time 0, a key frame
+    const std::string cluster = Element(0xE7, "\0"s) + Element(0xA3, "\x81\0\0\x80"s + packed);
+    const Source source(Element(0x1A45DFA3, Element(0x4282, "matroska")) +
+                        Element(0x18538067, Element(0x1654AE6B, track) + Element(0x1F43B675, cluster)));
+    ASSERT_TRUE(Open(source.Path())) << testing::PrintToString(LastError());
+    std::vector<std::int32_t> expected;
+    for (int i = 0; i < row.frames * row.channels; ++i)
+        expected.push_back(SampleAt(row, i));
+    EXPECT_TRUE(DecodeAll(row.block) == expected);
 }
 
 TEST_F(DecoderLibrary, SetPositionGoesToTheFrame) {
