@@ -33,6 +33,7 @@ rm -f "$zip"
 icon=$build/src/resources/program.ico
 convert -size 164x314 'gradient:#ffffff-#d3e2f4' \( "$icon" -delete 0--2 -resize 96x96 \) \
     -gravity north -geometry +0+48 -composite -type truecolor "BMP3:$out/.side.bmp"
+touch -d "@$SOURCE_DATE_EPOCH" "$out/.side.bmp" # the installer keeps the time of each file
 
 packaging/list-files.sh "$folder" >"$out/.files.nsh"
 installer=$out/Tonemill-$version-setup.exe
