@@ -252,9 +252,21 @@ TEST_F(ConvertTo, TabFollowsTheForm) {
 
 TEST_F(ConvertTo, ShowsItsHelp) {
     Run({[] { return PostMessageW(Form(), WM_SYSCOMMAND, SC_CONTEXTHELP, 0) != 0; },
-         Until([this] { return opened.Count() == 1; })},
+         Until([this] { return opened.Count() == 1; }),
+         [] {
+             BYTE keys[256]{};
+             keys[VK_F1] = 0x80;
+             SetKeyboardState(keys);
+             SendMessageW(Form(), WM_HELP, 0, 0);
+             keys[VK_F1] = 0;
+             SetKeyboardState(keys);
+             SendMessageW(Form(), WM_HELP, 0, 0); // of the question mark
+             return true;
+         }},
         IDCANCEL);
-    EXPECT_EQ(opened[0], ProgramFolder() + L"Help\\zTM\\zTM.htm");
+    ASSERT_EQ(opened.Count(), 2);
+    for (const XString& document : opened)
+        EXPECT_EQ(document, ProgramFolder() + L"Help\\zTM\\zTM.htm");
 }
 
 TEST_F(ConvertTo, HoldsNoHandlesOfEarlierShowings) {

@@ -130,8 +130,12 @@ void frmConvertToOpt::OnPaint() {
 void frmConvertToOpt::OnSysCommand(WPARAM command) {
     if ((command & 0xFFF0) == SC_CONTEXTHELP) {
         SetCursor(LoadCursorW(nullptr, IDC_ARROW));
-        seams.openDocument(ProgramFolder() + helpFile);
+        OpenHelp();
     }
+}
+
+void frmConvertToOpt::OpenHelp() {
+    seams.openDocument(ProgramFolder() + helpFile);
 }
 
 LRESULT frmConvertToOpt::PreMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam,
@@ -149,6 +153,9 @@ LRESULT frmConvertToOpt::PreMessage(HWND hwnd, UINT message, WPARAM wParam, LPAR
         return result;
     if (message == WM_DROPFILES) {
         TakeDroppedFiles(reinterpret_cast<HDROP>(wParam));
+        handled = 1;
+    } else if (message == WM_HELP && GetKeyState(VK_F1) < 0) {
+        OpenHelp(); // the question mark of the caption has opened it already
         handled = 1;
     } else if (message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED) {
         handled = Command(LOWORD(wParam));

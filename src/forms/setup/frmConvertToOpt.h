@@ -109,6 +109,7 @@ private:
     // Initialisation
     void LoadHints();
     void MakeOptions();
+    void OpenHelp();
     [[nodiscard]] bool Command(int id);
 
     // The item: an encoder or a profile, with all that belongs to it
