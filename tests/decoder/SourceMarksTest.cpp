@@ -74,8 +74,9 @@ TEST(SourceMarks, WavPackModes) {
         for (std::size_t size = 0; size <= block.size(); ++size) {
             const auto bytes = Exact(block.substr(0, size));
             const EncoderFacts facts = ReadWavPackFacts(bytes.data(), bytes.size());
-            if (size == block.size())
+            if (size == block.size()) {
                 EXPECT_EQ(facts.settings, XString(row.settings));
+            }
         }
     }
     EXPECT_EQ(MonkeysAudioFacts(3990, 4000).encoder, XString(L"Monkey's Audio 3.99"));
