@@ -89,7 +89,17 @@ bool AudioStream::OpenContainer() {
     container->flags |= AVFMT_FLAG_CUSTOM_IO;
     char name[2048];
     ToUtf8(path, name, sizeof name); // only its extension counts, as a hint
-    const int opened = avformat_open_input(&container, name, nullptr, nullptr);
+    AVDictionary* options = nullptr;
+    const bool isWrapped = IsWrappedWave(input);
+    if (isWrapped) {
+        av_dict_set(&options, "ignore_length", "1", 0); // else it would end where its header says,
+        container->pb->seekable = 0;                    // and tags would be sought in the audio behind
+    }
+    const int opened =
+        input.Rewind() ? avformat_open_input(&container, name, nullptr, &options) : AVERROR(EIO);
+    av_dict_free(&options);
+    if (isWrapped && container)
+        container->pb->seekable = AVIO_SEEKABLE_NORMAL;
     if (opened < 0) {
         Fail(L"Unsupported or damaged source", opened);
         return false;

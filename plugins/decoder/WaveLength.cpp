@@ -3,10 +3,12 @@
 #include "plugins/decoder/FileInput.h"
 
 #include <cstring>
+#include <limits>
 
 namespace {
 
 constexpr int mostChunks = 200; // more before the audio is no Wave file that anybody wrote
+constexpr std::int64_t wrapBytes = std::int64_t{1} << 32;
 constexpr std::uint64_t highestPosition = std::uint64_t{1} << 62;
 // What programs that write to a pipe put there: near the end of the signed or the unsigned range.
 bool IsUnknown(std::uint32_t size) noexcept {
@@ -58,9 +60,19 @@ std::uint64_t PromisedWaveBytes(FileInput& input) {
     for (int i = 0; i < mostChunks; ++i) {
         if (!input.Rewind(at) || input.Read(&chunk, sizeof chunk) != sizeof chunk)
             return 0;
-        if (Is(chunk.name, "data"))
-            return IsUnknown(chunk.size) ? 0 : chunk.size;
+        if (Is(chunk.name, "data")) {
+            if (IsUnknown(chunk.size))
+                return 0;
+            const std::int64_t behind = input.Size() - at - 8 - chunk.size;
+            return chunk.size + static_cast<std::uint64_t>(behind > 0 ? behind / wrapBytes * wrapBytes : 0);
+        }
         at += 8 + static_cast<std::int64_t>(chunk.size) + (chunk.size & 1);
     }
     return 0;
+}
+
+bool IsWrappedWave(FileInput& input) {
+    char name[4];
+    return input.Rewind() && input.Read(name, sizeof name) == sizeof name && Is(name, "RIFF") &&
+           PromisedWaveBytes(input) > std::numeric_limits<std::uint32_t>::max();
 }
