@@ -22,7 +22,7 @@
 namespace {
 
 constexpr int farmSlots = 3; // one more than cores: a start is mostly waiting
-constexpr DWORD limitMs = 20000;
+constexpr DWORD usualLimitMs = 20000;
 constexpr DWORD pollMs = 5;
 constexpr std::uint32_t edgeBytes = 1500; // headers and tables stand at the edges of files
 constexpr std::uint64_t burstBytes = 32;
@@ -145,8 +145,15 @@ void Finish(Place& place, bool isLate) {
         DeleteOneFile(place.copy);
 }
 
+// TM_FARM_SECONDS is for files of some gigabytes.
+DWORD LimitMs() {
+    const wchar_t* told = _wgetenv(L"TM_FARM_SECONDS");
+    return told ? static_cast<DWORD>(XString(told).ToInt()) * 1000 : usualLimitMs;
+}
+
 // Ends what has ended; true if the place can take the next job.
 bool Tend(Place& place) {
+    static const DWORD limitMs = LimitMs();
     if (!place.process.IsValid())
         return true;
     DrainWorker(place.slot, true);

@@ -35,15 +35,20 @@ for r in "${!rates[@]}"; do
     done
 done
 
-# Whether the two behind are at the sides or at the back is one to FLAC; one and two channels need no places.
-layout() {
-    ffprobe -v error -show_entries stream=channels,channel_layout -of csv=p=0 "$1" | head -n 1 |
-        sed 's/^1,.*/mono/; s/^2,.*/stereo/; s/(side)//; s/^[0-9]*,//'
-}
-kind() { # of samples: their depth, or "float"
-    ffprobe -v error -show_entries stream=sample_fmt,bits_per_raw_sample,codec_name -of default=nw=1 "$1" | awk -F = '
-        $1 == "codec_name" { codec = $2 } $1 == "sample_fmt" { format = $2 } $1 == "bits_per_raw_sample" { bits = $2 }
-        END { if (format ~ /flt/) print "float"; else if (codec ~ /_s(16|24|32)/) print substr(codec, 6, 2); else print bits }'
+# "RATE PLACES KIND FRAMES HASH" of a file. Whether the two behind are at the sides or at the back is one to
+# FLAC; one and two channels need no places. The kind of samples is their depth, or "float".
+facts() {
+    local frame
+    ffprobe -v error -select_streams a:0 -show_entries \
+        stream=codec_name,sample_fmt,sample_rate,channels,channel_layout,bits_per_raw_sample -of default=nw=1 "$1" |
+        awk -F = '{ v[$1] = $2 } END {
+            places = v["channels"] == 1 ? "mono" : v["channels"] == 2 ? "stereo" : v["channel_layout"]; sub(/\(side\)/, "", places)
+            kind = v["sample_fmt"] ~ /flt/ ? "float" : v["codec_name"] ~ /_s(16|24|32)/ ? substr(v["codec_name"], 6, 2) : v["bits_per_raw_sample"]
+            print v["channels"], v["sample_rate"], places, kind }' >"$2.probe"
+    read -r frame _ <"$2.probe"
+    ffmpeg -nostdin -v error -i "$1" -map 0:a:0 -f s32le - | tee >(wc -c >"$2.bytes") | md5sum >"$2.hash"
+    while [ ! -s "$2.bytes" ]; do sleep 0.01; done # the shell does not wait for it
+    echo "$(cut -d ' ' -f 2- "$2.probe") $(($(cat "$2.bytes") / 4 / frame)) $(cat "$2.hash")" >"$2"
 }
 # ffmpeg reads no FLAC of 32 bits.
 readable() { # FILE: prints a file with the same audio that ffmpeg reads
@@ -54,37 +59,38 @@ readable() { # FILE: prints a file with the same audio that ffmpeg reads
     fi
 }
 judge() { # SOURCE OUTPUT INFORMATION
-    local source=$1 name output missing=()
+    local name rate places kind frames hash rate2 places2 kind2 frames2 hash2 missing=() word
     name=$(basename "$1" .wav)
-    output=$(readable "$2")
-    [ "$(soxi -V1 -r "$source")" = "$(ffprobe -v error -show_entries stream=sample_rate -of csv=p=0 "$output" | head -n 1)" ] || missing+=(rate)
-    if [ "$(pcm_hash "$source")" != "$(pcm_hash "$output")" ]; then
-        [ "$(kind "$source")" != "$(kind "$output")" ] && missing+=("depth $(kind "$source") as $(kind "$output")") ||
-            echo "$name: other samples at the same depth"
-        [ "$(frames "$source")" = "$(frames "$output")" ] || echo "$name: other length"
-    fi
-    [ "$(layout "$source")" = "$(layout "$output")" ] || missing+=("speakers $(layout "$source") as $(layout "$output")")
-    local word
+    facts "$(readable "$2")" "$2.facts"
+    read -r rate places kind frames hash _ <"$1.facts"
+    read -r rate2 places2 kind2 frames2 hash2 _ <"$2.facts"
+    [ "$rate" = "$rate2" ] || missing+=(rate)
+    [ "$frames" = "$frames2" ] || echo "$name: $frames2 frames, not $frames"
+    [ "$places" = "$places2" ] || missing+=("speakers $places as $places2")
+    [ "$kind" = "$kind2" ] || missing+=("depth $kind as $kind2")
+    [ "$hash" = "$hash2" ] || [ "$kind" != "$kind2" ] || echo "$name: other samples at the same depth"
     for word in "${missing[@]}"; do # by name: samples of floating point or 32 bit, places of channels
         [[ $3 =~ can\'t\ hold && ( $word != depth* || $3 =~ floating|bit ) && ( $word != speakers* || $3 =~ places|channels ) ]] ||
             echo "$name: $word without a word: $3"
     done
     [ ${#missing[@]} != 0 ] || [ -z "$3" ] || echo "$name: nothing is missing, and yet: $3"
 }
-frames() { ffmpeg -nostdin -v error -i "$1" -map 0:a:0 -f s16le - | wc -c | awk -v c="$(soxi -V1 -c "$1" 2>/dev/null || ffprobe -v error -show_entries stream=channels -of csv=p=0 "$1" | head -n 1)" '{print $1 / 2 / c}'; }
-export -f judge pcm_hash frames layout kind readable
+export -f judge facts readable
+for source in "$in"/*.wav; do printf '%s\n%s\n' "$source" "$source.facts"; done | xargs -d '\n' -n 2 -P 2 bash -c 'facts "$@"' _
+judge_all() { # ENCODER FOLDER SOURCES JUDGE: rows of a farm
+    awk -F '\t' '$2 != 0 { print $1 ": " $5 }' "$2/rows.txt" >"$work/faults.txt"
+    awk -F '\t' '$4 == "written" { print $1; print $6 }' "$2/rows.txt" | while IFS= read -r name && IFS= read -r information; do
+        printf '%s\n%s\n%s\n' "$3/$name" "$(echo "$2/written/$name".*)" "$information"
+    done | xargs -d '\n' -n 3 -P 2 bash -c "$4"' "$@"' _ >>"$work/faults.txt" 2>&1
+    sed "s/^/$1: /" "$work/faults.txt" >"$work/named.txt"
+    fail_lines "$work/named.txt"
+    awk -F '\t' -v encoder="$1" '{ told += $6 != "" } END { print encoder ": " NR " files, " told + 0 " with information" }' "$2/rows.txt"
+    rm -rf "$2"
+}
 
 for encoder in Wave AIFF Wave64 FLAC ALAC WavPack; do
-    folder=$work/out-$encoder
-    run_farm "$encoder" "$folder" 0 0 "$in"/*.wav
-    awk -F '\t' '$2 != 0 { print $1 ": " $5 }' "$folder/rows.txt" >"$work/faults.txt"
-    awk -F '\t' '$4 == "written" { print $1; print $6 }' "$folder/rows.txt" | while IFS= read -r name && IFS= read -r information; do
-        printf '%s\n%s\n%s\n' "$in/$name" "$(echo "$folder/written/$name".*)" "$information"
-    done | xargs -d '\n' -n 3 -P 2 bash -c 'judge "$@"' _ >>"$work/faults.txt" 2>&1
-    sed "s/^/$encoder: /" "$work/faults.txt" >"$work/named.txt"
-    fail_lines "$work/named.txt"
-    awk -F '\t' -v encoder="$encoder" '{ told += $6 != "" } END { print encoder ": " NR " files, " told + 0 " with information" }' "$folder/rows.txt"
-    rm -rf "$folder"
+    run_farm "$encoder" "$work/out-$encoder" 0 0 "$in"/*.wav
+    judge_all "$encoder" "$work/out-$encoder" "$in" judge
 done
 
 # A tone of its own in each channel, at every rate with some channels and every number of them.
@@ -139,15 +145,7 @@ judge_tones() { # SOURCE OUTPUT INFORMATION
 }
 export -f judge_tones pitches
 for encoder in 'mp3 (Lame)' 'm4a AAC' 'Ogg Vorbis' Opus; do
-    folder=$work/out-$encoder
-    run_farm "$encoder" "$folder" 0 0 "$work/tones"/*.wav
-    awk -F '\t' '$2 != 0 { print $1 ": " $5 }' "$folder/rows.txt" >"$work/faults.txt"
-    awk -F '\t' '$4 == "written" { print $1; print $6 }' "$folder/rows.txt" | while IFS= read -r name && IFS= read -r information; do
-        printf '%s\n%s\n%s\n' "$work/tones/$name" "$(echo "$folder/written/$name".*)" "$information"
-    done | xargs -d '\n' -n 3 -P 2 bash -c 'judge_tones "$@"' _ >>"$work/faults.txt" 2>&1
-    sed "s/^/$encoder: /" "$work/faults.txt" >"$work/named.txt"
-    fail_lines "$work/named.txt"
-    awk -F '\t' -v encoder="$encoder" '{ told += $6 != "" } END { print encoder ": " NR " files, " told + 0 " with information" }' "$folder/rows.txt"
-    rm -rf "$folder"
+    run_farm "$encoder" "$work/out-$encoder" 0 0 "$work/tones"/*.wav
+    judge_all "$encoder" "$work/out-$encoder" "$work/tones" judge_tones
 done
 finish
