@@ -8,6 +8,7 @@ Build() {
     # a folder with the static zlib alone: beside it the linker would prefer the import library
     mkdir zlib
     cp /usr/$host/include/zlib.h /usr/$host/include/zconf.h /usr/$host/lib/libz.a zlib
+    bash "$recipes/ffmpeg-math.sh" "$sources/musl" math $host-gcc-win32
     bash "$recipes/ffmpeg-components.sh" . >components.txt
     ./configure --prefix=$prefix --target-os=mingw32 --arch=x86_64 --enable-cross-compile \
         --cross-prefix=$host- --cc=$host-gcc-win32 --x86asmexe=nasm \
@@ -15,7 +16,8 @@ Build() {
         --disable-autodetect --disable-network --disable-everything \
         --disable-avdevice --disable-avfilter --disable-swscale --disable-postproc \
         --enable-swresample --enable-w32threads --disable-pthreads --enable-zlib \
-        --extra-cflags=-Izlib --extra-ldflags="-static-libgcc -Lzlib" $(cat components.txt)
+        --extra-cflags=-Izlib --extra-ldflags="-static-libgcc -Lzlib -Lmath" \
+        --extra-libs=-lscalarmath $(cat components.txt)
     make -j"$jobs"
     make install DESTDIR="$install"
 }

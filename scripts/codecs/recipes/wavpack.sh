@@ -1,3 +1,3 @@
 Build() {
-    Autotools wavpack --disable-apps --disable-tests
+    Autotools wavpack --disable-apps --disable-tests CFLAGS=-O3
 }
