@@ -7,6 +7,7 @@ settings='HKEY_CURRENT_USER\Software\Vantrel'
 uninstall='HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Uninstall\Zephtone Tonemill'
 c=$WINEPREFIX/drive_c
 menu=$(echo "$c"/users/*/AppData/Roaming/Microsoft/Windows/Start\ Menu/Programs)/Zephtone\ Tonemill
+lists=$(echo "$c"/users/*/AppData/Roaming)/Zephtone
 usual=$(echo "$c"/users/*/AppData/Local)/Programs/Tonemill
 
 windows() { tm_with_home wine "$@" </dev/null >/dev/null 2>&1; }
@@ -63,7 +64,7 @@ windows reg delete "$settings" /f
 # What a run that was broken off has left.
 windows "$work"/zip/*/ZtSend.exe /unregister
 windows reg delete "$uninstall" /f
-rm -rf "$c/tone mill" "$usual" "$menu"
+rm -rf "$c/tone mill" "$usual" "$menu" "$lists"
 state before
 
 # Into a folder with blanks, where a user adds a plug-in of another maker.
@@ -83,7 +84,8 @@ touch "$folder/DSPs/Echo.dll"
 tm_with_home wine "$folder/ZtSend.exe" "$(tm_with_home wine winepath -w "$work/tone.wav" 2>/dev/null | tr -d '\r')" </dev/null >/dev/null 2>&1
 wait_until sh -c 'xdotool search --name "^Zephtone Tonemill$" >/dev/null 2>&1'
 windows taskkill /F /IM Tonemill.exe
-touch "$c"/users/*/AppData/Roaming/Zephtone/ZtSend-killed.tmp
+mkdir -p "$lists"
+touch "$lists/ZtSend-killed.tmp"
 
 # Not while the program is running: nothing is half removed or half replaced.
 tm_with_home wine "$folder/Tonemill.exe" </dev/null >/dev/null 2>&1 &
