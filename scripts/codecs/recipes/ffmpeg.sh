@@ -1,10 +1,24 @@
 compiledIn=(libz-mingw-w64-dev)
 export SOURCE_DATE_EPOCH=0 # the time that linker and strip write into DLLs: the same in every build
 
+# FFmpeg seeks each new tag among all others, and appends values of one name by copying the earlier ones: a file
+# of a million tags would keep it busy for hours. Beyond sensible numbers they are left out here; TagLib reads them.
+LimitTags() {
+    local limit='    if (copy_value \&\& (tag ? (flags \& AV_DICT_APPEND) \&\& strlen(tag->value) > 4096 : m->count >= 1024)) {\
+        av_free(copy_key);\
+        av_free(copy_value);\
+        return 0;\
+    }\
+'
+    sed -i "/^int av_dict_set(/,/^}/ s/^    if (tag) {\$/$limit&/" libavutil/dict.c
+    [ "$(grep -c 'm->count >= 1024' libavutil/dict.c)" = 1 ]
+}
+
 # gcc with win32 threads: the posix one would make the DLLs import a thread library of its own.
 # Built in the source folder, so that no path of the build machine gets into messages of the DLLs.
 Build() {
     cd "$sources/ffmpeg"
+    LimitTags
     # a folder with the static zlib alone: beside it the linker would prefer the import library
     mkdir zlib
     cp /usr/$host/include/zlib.h /usr/$host/include/zconf.h /usr/$host/lib/libz.a zlib
