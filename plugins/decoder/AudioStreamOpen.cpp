@@ -59,6 +59,10 @@ bool IsProtectedMp4(FileInput& file) {
     return false;
 }
 
+bool IsPcm(const AVCodecParameters& parameters) {
+    return parameters.codec_id >= AV_CODEC_ID_FIRST_AUDIO && parameters.codec_id < AV_CODEC_ID_ADPCM_IMA_QT;
+}
+
 // Containers of these codecs tell the number of frames to the frame.
 bool TellsExactLength(const AVCodecParameters& parameters) {
     switch (parameters.codec_id) {
@@ -70,8 +74,7 @@ bool TellsExactLength(const AVCodecParameters& parameters) {
     case AV_CODEC_ID_TAK:
         return true;
     default:
-        return parameters.codec_id >= AV_CODEC_ID_FIRST_AUDIO &&
-               parameters.codec_id < AV_CODEC_ID_ADPCM_IMA_QT;
+        return IsPcm(parameters);
     }
 }
 
@@ -98,12 +101,12 @@ bool AudioStream::OpenContainer() {
     const int opened =
         input.Rewind() ? avformat_open_input(&container, name, nullptr, &options) : AVERROR(EIO);
     av_dict_free(&options);
-    if (isWrapped && container)
-        container->pb->seekable = AVIO_SEEKABLE_NORMAL;
     if (opened < 0) {
         Fail(L"Unsupported or damaged source", opened);
         return false;
     }
+    if (isWrapped)
+        container->pb->seekable = AVIO_SEEKABLE_NORMAL;
     LearnProtection();
     return true;
 }
@@ -183,9 +186,9 @@ void AudioStream::LearnLength() {
         if (header.Open(path, ignored))
             expectedFrames = PromisedWaveBytes(header) / static_cast<unsigned>(parameters.block_align);
         exactFrames = expectedFrames;
-    } else if (Is(kind, "caf") && stream->duration <= 0 && stream->nb_frames > 0 &&
-               TellsExactLength(parameters)) {
-        exactFrames = expectedFrames = static_cast<std::uint64_t>(stream->nb_frames); // of samples
+    } else if (Is(kind, "caf") && stream->nb_frames > 0 && IsPcm(parameters)) {
+        // By the header; the stream's duration is estimated, by what is there of the file.
+        exactFrames = expectedFrames = static_cast<std::uint64_t>(stream->nb_frames);
     }
     const bool known = container->duration_estimation_method != AVFMT_DURATION_FROM_BITRATE;
     if (expectedFrames || !known || parameters.sample_rate <= 0)

@@ -42,6 +42,7 @@ odd=$work/odd
 printf 'These are words.\n' >"$odd/words.flac"
 gzip -nc $speech/Noise.wav | tail -c +5000 | head -c 20000 >"$odd/noise.mp3"
 mkdir "$odd/folder.wav"
+head -c 40000 "$in/caf.caf" >"$odd/short.caf" # between two frames, where no decoder stumbles
 sed 's/mp4a/drms/g' "$in/aac.m4a" >"$odd/protected.m4a"
 sed 's/mp4a/enca/g' "$in/aac.m4a" >"$odd/encrypted.m4a"
 cp "$work/cover.jpg" "$odd/picture.wav"
