@@ -2,6 +2,7 @@
 #include "foundation/XPath.h"
 #include "plugins/common/TagKeys.h"
 #include "plugins/decoder/FileMarks.h"
+#include "plugins/decoder/Id3Frames.h"
 #include "plugins/decoder/Tags.h"
 
 #include <taglib/aifffile.h>
@@ -14,6 +15,7 @@
 #include <taglib/id3v2tag.h>
 #include <taglib/mp4file.h>
 #include <taglib/mpegfile.h>
+#include <taglib/tfilestream.h>
 #include <taglib/tpropertymap.h>
 #include <taglib/wavfile.h>
 #include <taglib/xiphcomment.h>
@@ -21,6 +23,26 @@
 static_assert(sizeof(wchar_t) == 2, "TagLib's texts are copied as UTF-16");
 
 namespace {
+constexpr long id3HeadBytes = 10;
+
+// A file for reading whose ID3v2 tag at the start comes mended.
+class MendedFile final : public TagLib::FileStream {
+public:
+    explicit MendedFile(const XString& path) : FileStream(TagLib::FileName(path.Text()), true) {}
+    TagLib::ByteVector readBlock(unsigned long length) override {
+        const long at = tell();
+        TagLib::ByteVector block = FileStream::readBlock(length);
+        if (at == 0 && block.size() >= id3HeadBytes && block.startsWith("ID3"))
+            version = (block[5] & 0xC0) == 0 ? block[3] : 0; // neither unsynchronised nor extended
+        else if (at == id3HeadBytes && version >= 3 && !block.isEmpty())
+            MendId3v2Frames(reinterpret_cast<unsigned char*>(block.data()), block.size(), version);
+        return block;
+    }
+
+private:
+    int version = 0; // of the tag, 0 for none that can be mended
+};
+
 // What TagLib hands out lives only as long as its own string.
 XString ToText(const TagLib::String& text) {
     return XString(text.toCWString());
@@ -83,7 +105,8 @@ void AddMissing(const TagLib::Tag* further, XTagList& tags) {
 
 bool AddAll(const XString& path, XTagList& tags, TagLibFacts& facts) {
     const XString prefixed = LongPath(path, longFileLimit);
-    const TagLib::FileRef file(TagLib::FileName(prefixed.Text()), false);
+    MendedFile stream(prefixed);
+    const TagLib::FileRef file(&stream, false);
     if (file.isNull() || !file.file() || !file.file()->isValid())
         return false;
     LearnFacts(*file.file(), facts);

@@ -1,6 +1,7 @@
 // What sources' own bytes tell, whole and cut off anywhere.
 #include "plugins/decoder/EncoderFacts.h"
 #include "plugins/decoder/FileMarks.h"
+#include "plugins/decoder/Id3Frames.h"
 #include "plugins/decoder/OggEnd.h"
 
 #include <gtest/gtest.h>
@@ -100,6 +101,37 @@ TEST(SourceMarks, KindsOfTags) {
         EXPECT_EQ(TagKindsAround(start.data(), start.size(), end.data(), end.size()), XString(row.kinds));
     }
     EXPECT_EQ(Id3v2Bytes(Exact(id3v2).data(), id3v2.size()), 10u + 130u);
+}
+
+std::string Frame(const std::string& name, const std::string& text, int bitsPerByte) {
+    std::string size(4, '\0');
+    for (int i = 0; i < 4; ++i)
+        size[static_cast<std::size_t>(3 - i)] =
+            static_cast<char>((text.size() >> (bitsPerByte * i)) & ((1u << bitsPerByte) - 1));
+    return name + size + std::string(2, '\0') + text;
+}
+
+// Whole and cut off anywhere; of a frame that is cut the name alone may be mended.
+TEST(SourceMarks, FrameNamesOfItunes) {
+    const std::string big(300, 'x');
+    struct Row {
+        int version, bitsPerByte;
+    };
+    for (const Row& row : {Row{3, 8}, Row{4, 7}, Row{4, 8}}) {
+        const auto tag = [&](const char* sort, const char* unknown) {
+            return Frame("TENC", big, row.bitsPerByte) + Frame(sort, "Sort", row.bitsPerByte) +
+                   Frame(unknown, big, row.bitsPerByte) + Frame("TIT2", "Title", row.bitsPerByte) +
+                   std::string(20, '\0');
+        };
+        const std::string wrong = tag("TSA ", "QQQ "), right = tag("TSOA", "ZZZZ");
+        for (std::size_t size = 0; size <= wrong.size(); ++size) {
+            auto bytes = Exact(wrong.substr(0, size));
+            MendId3v2Frames(bytes.data(), bytes.size(), row.version);
+            if (size == wrong.size()) {
+                EXPECT_EQ(bytes, Exact(right)) << row.version << ' ' << row.bitsPerByte;
+            }
+        }
+    }
 }
 
 TEST(SourceMarks, EndsOfOggFiles) {

@@ -1,0 +1,64 @@
+#include "plugins/decoder/Id3Frames.h"
+
+#include <cstdint>
+#include <cstring>
+
+namespace {
+
+constexpr std::size_t headBytes = 10, nameBytes = 4;
+constexpr std::uint32_t mostSynchsafeByte = 127;
+
+constexpr struct {
+    char older[4], name[5];
+} names[] = {{"TST", "TSOT"}, {"TSA", "TSOA"}, {"TSP", "TSOP"},
+             {"TS2", "TSO2"}, {"TSC", "TSOC"}, {"TCP", "TCMP"}};
+
+bool IsLetter(unsigned char unit) noexcept {
+    return (unit >= 'A' && unit <= 'Z') || (unit >= '0' && unit <= '9');
+}
+
+bool IsName(const unsigned char* at) noexcept {
+    return IsLetter(at[0]) && IsLetter(at[1]) && IsLetter(at[2]) && (IsLetter(at[3]) || at[3] == ' ');
+}
+
+std::uint32_t Number(const unsigned char* at, unsigned bitsPerByte) noexcept {
+    std::uint32_t number = 0;
+    for (int i = 0; i < 4; ++i)
+        number = (number << bitsPerByte) | at[i];
+    return number;
+}
+
+// A tag of version 4 that iTunes wrote has sizes of version 3: what stands behind the frame tells.
+std::size_t FrameBytes(const unsigned char* frame, std::size_t size, int version) noexcept {
+    const std::uint32_t plain = Number(frame + nameBytes, 8);
+    if (version < 4)
+        return plain;
+    const std::uint32_t synchsafe = Number(frame + nameBytes, 7);
+    const auto leads = [=](std::size_t bytes) {
+        return bytes <= size - headBytes && size - headBytes - bytes >= nameBytes &&
+               IsName(frame + headBytes + bytes);
+    };
+    return synchsafe > mostSynchsafeByte && !leads(synchsafe) && leads(plain) ? plain : synchsafe;
+}
+
+void Rename(unsigned char* name) noexcept {
+    for (const auto& row : names)
+        if (std::memcmp(name, row.older, 3) == 0) {
+            std::memcpy(name, row.name, nameBytes);
+            return;
+        }
+    std::memcpy(name, "ZZZZ", nameBytes);
+}
+
+} // namespace
+
+void MendId3v2Frames(unsigned char* frames, std::size_t size, int version) noexcept {
+    for (std::size_t at = 0; size - at > headBytes && IsName(frames + at);) {
+        const std::size_t bytes = FrameBytes(frames + at, size - at, version);
+        if (frames[at + 3] == ' ')
+            Rename(frames + at);
+        if (bytes > size - at - headBytes)
+            return;
+        at += headBytes + bytes;
+    }
+}
