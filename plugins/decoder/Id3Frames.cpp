@@ -53,12 +53,22 @@ void Rename(unsigned char* name) noexcept {
 } // namespace
 
 void MendId3v2Frames(unsigned char* frames, std::size_t size, int version) noexcept {
-    for (std::size_t at = 0; size - at > headBytes && IsName(frames + at);) {
-        const std::size_t bytes = FrameBytes(frames + at, size - at, version);
+    std::size_t at = 0, to = 0; // frames without content are closed over
+    while (size - at > headBytes && IsName(frames + at)) {
         if (frames[at + 3] == ' ')
             Rename(frames + at);
-        if (bytes > size - at - headBytes)
-            return;
-        at += headBytes + bytes;
+        const std::size_t content = FrameBytes(frames + at, size - at, version);
+        if (content > size - at - headBytes)
+            break;
+        const std::size_t whole = headBytes + content;
+        if (content > 0) {
+            std::memmove(frames + to, frames + at, whole);
+            to += whole;
+        }
+        at += whole;
     }
+    if (to == at)
+        return;
+    std::memmove(frames + to, frames + at, size - at);
+    std::memset(frames + to + (size - at), 0, at - to);
 }

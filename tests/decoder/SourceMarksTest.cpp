@@ -111,19 +111,19 @@ std::string Frame(const std::string& name, const std::string& text, int bitsPerB
     return name + size + std::string(2, '\0') + text;
 }
 
-// Whole and cut off anywhere; of a frame that is cut the name alone may be mended.
-TEST(SourceMarks, FrameNamesOfItunes) {
+TEST(SourceMarks, MendsFramesThatEndATagTooEarly) {
     const std::string big(300, 'x');
     struct Row {
         int version, bitsPerByte;
     };
     for (const Row& row : {Row{3, 8}, Row{4, 7}, Row{4, 8}}) {
-        const auto tag = [&](const char* sort, const char* unknown) {
-            return Frame("TENC", big, row.bitsPerByte) + Frame(sort, "Sort", row.bitsPerByte) +
-                   Frame(unknown, big, row.bitsPerByte) + Frame("TIT2", "Title", row.bitsPerByte) +
-                   std::string(20, '\0');
+        const auto frame = [&](const char* name, const std::string& text) {
+            return Frame(name, text, row.bitsPerByte);
         };
-        const std::string wrong = tag("TSA ", "QQQ "), right = tag("TSOA", "ZZZZ");
+        const std::string wrong = frame("TENC", big) + frame("TSA ", "Sort") + frame("TBPM", "") +
+                                  frame("QQQ ", big) + frame("TXXX", "") + frame("TIT2", "Title");
+        const std::string right = frame("TENC", big) + frame("TSOA", "Sort") + frame("ZZZZ", big) +
+                                  frame("TIT2", "Title") + std::string(20, '\0');
         for (std::size_t size = 0; size <= wrong.size(); ++size) {
             auto bytes = Exact(wrong.substr(0, size));
             MendId3v2Frames(bytes.data(), bytes.size(), row.version);
