@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 namespace {
 
-constexpr std::size_t headBytes = 10, nameBytes = 4;
+constexpr std::size_t headBytes = 10, nameBytes = 4, languageBytes = 3;
+constexpr unsigned char utf16Marked = 1, utf16BigEndian = 2; // a text's first byte
 constexpr std::uint32_t mostSynchsafeByte = 127;
 
 constexpr struct {
@@ -50,6 +52,34 @@ void Rename(unsigned char* name) noexcept {
     std::memcpy(name, "ZZZZ", nameBytes);
 }
 
+bool IsText(const unsigned char* name, std::size_t& start) noexcept {
+    const bool hasLanguage =
+        std::memcmp(name, "COMM", nameBytes) == 0 || std::memcmp(name, "USLT", nameBytes) == 0;
+    start = 1 + (hasLanguage ? languageBytes : 0);
+    return hasLanguage || name[0] == 'T';
+}
+
+// Most text has zeros in the upper bytes of its units; Chinese may have none, and is mostly
+// of Windows then.
+void MarkByteOrder(unsigned char* frame, std::size_t content) noexcept {
+    std::size_t start = 0;
+    unsigned char* text = frame + headBytes;
+    const bool isPlain = frame[headBytes - 1] == 0; // neither packed nor encrypted nor grouped
+    if (!isPlain || !IsText(frame, start) || content < start + 2 || text[0] != utf16Marked)
+        return;
+    std::size_t firstZeros = 0, secondZeros = 0;
+    for (std::size_t at = start; at + 1 < content; at += 2) {
+        if ((text[at] == 0xFF && text[at + 1] == 0xFE) || (text[at] == 0xFE && text[at + 1] == 0xFF))
+            return;
+        firstZeros += text[at] == 0;
+        secondZeros += text[at + 1] == 0;
+    }
+    if (firstZeros <= secondZeros)
+        for (std::size_t at = start; at + 1 < content; at += 2)
+            std::swap(text[at], text[at + 1]);
+    text[0] = utf16BigEndian;
+}
+
 } // namespace
 
 void MendId3v2Frames(unsigned char* frames, std::size_t size, int version) noexcept {
@@ -60,6 +90,7 @@ void MendId3v2Frames(unsigned char* frames, std::size_t size, int version) noexc
         const std::size_t content = FrameBytes(frames + at, size - at, version);
         if (content > size - at - headBytes)
             break;
+        MarkByteOrder(frames + at, content);
         const std::size_t whole = headBytes + content;
         if (content > 0) {
             std::memmove(frames + to, frames + at, whole);
