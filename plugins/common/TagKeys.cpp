@@ -70,8 +70,7 @@ constexpr const wchar_t* technical[] = {
     L"WAVEFORMATEXTENSIBLE_CHANNEL_MASK",
 };
 
-// What damaged or hostile sources bring beyond these is dropped: each value is compared to all others.
-constexpr std::int64_t mostKeys = 4096;
+// What damaged or hostile sources bring beyond it is left out: each value is compared to all others.
 constexpr int mostJoinedUnits = 1 << 16;
 
 // iTunes keeps some of these in ID3 comments that have the name as their description.
@@ -151,29 +150,32 @@ void Join(XTagList& tags, const wchar_t* key, const wchar_t* totalKey) {
 
 } // namespace
 
-void AddTag(XTagList& tags, const XString& key, const XString& text) {
+bool AddTag(XTagList& tags, const XString& key, const XString& text) {
     const XString value = CleanValue(text);
     if (value.IsEmpty() || key.IsEmpty() || IsTechnical(key.Upper()))
-        return;
+        return true;
     const XString name = TravelName(ValidText(key));
     XTagItem* known = tags.Find(name);
     if (!known) {
-        if (tags.Count() < mostKeys)
-            tags.Add(name, value);
-        return;
+        if (tags.Count() >= mostTagNames)
+            return false;
+        tags.Add(name, value);
+        return true;
     }
     // DATE and YEAR side by side are one date, told more and less exactly.
     if (name == L"year" && value.StartsWith(known->value)) {
         known->value = value;
-        return;
+        return true;
     }
     if (name == L"year" && known->value.StartsWith(value))
-        return;
-    const bool fits = value.Count() < mostJoinedUnits - known->value.Count();
-    if (fits && !HasValue(known->value, value)) { // two spellings of one key often say the same
+        return true;
+    if (value.Count() >= mostJoinedUnits - known->value.Count())
+        return false;
+    if (!HasValue(known->value, value)) { // two spellings of one key often say the same
         known->value.Extend(L"\r");
         known->value.Extend(value);
     }
+    return true;
 }
 
 void JoinTotals(XTagList& tags) {

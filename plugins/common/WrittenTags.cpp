@@ -6,6 +6,7 @@
 namespace {
 
 constexpr int longDescription = 200;
+constexpr std::int64_t ownNames = 16; // that a format may add to those of the source
 
 // Decoders leave out pictures of kinds that they don't know, which may be all but these two.
 bool IsSurelyRead(const TagPicture& picture) {
@@ -62,6 +63,8 @@ void AddTexts(const XTagItem& item, TagValues values, XTagList& written) {
 } // namespace
 
 void ForetellTags(const XTagList& given, const LeftOutTags& leftOut, TagValues values, XTagList& written) {
+    if (given.Count() + ownNames > mostTagNames)
+        return; // a decoder reads no more, and which ones is not for certain
     std::int64_t pictures = -leftOut.Pictures();
     bool canCount = true;
     for (std::int64_t i = 0; i < given.Count(); ++i) {

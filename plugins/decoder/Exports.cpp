@@ -24,6 +24,7 @@ public:
 
     AudioStream stream;
     XString error;
+    XString unreadTags;
     XString information; // the answer to the last question for it
 
 private:
@@ -44,7 +45,8 @@ bool Decoder::Open(DecoderOpenBlock& block) {
     }
     if (block.wanted != ztOpenAll)
         return true;
-    const TagLibFacts facts = CollectTags(stream, path, tags);
+    const TagFacts facts = CollectTags(stream, path, tags);
+    unreadTags = facts.unread.Text();
     CollectProperties(stream, path, facts, tags.Count() > 0, properties);
     if (tags.Count() > 0 && tags.Serialize(tagImage)) {
         block.tagData = tagImage.data;
@@ -63,6 +65,7 @@ void Decoder::Close() noexcept {
     properties.Clear();
     tagImage.Free();
     propertyImage.Free();
+    unreadTags.Clear();
 }
 
 bool Decoder::DeleteTag(const wchar_t* key) {
@@ -96,6 +99,8 @@ std::int32_t Decoder::Get(const wchar_t* key, PluginParams& parameters) {
     }
     if (name == ZtKey::information) {
         information = stream.DamageText();
+        if (!unreadTags.IsEmpty())
+            information.Extend(information.IsEmpty() ? unreadTags : L"\n" + unreadTags);
         parameters.text1 = information;
         return information.IsEmpty() ? 0 : 1;
     }

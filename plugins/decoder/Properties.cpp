@@ -102,7 +102,7 @@ void AddUnlessEmpty(XTagList& properties, const wchar_t* key, const XString& val
 
 } // namespace
 
-void CollectProperties(const AudioStream& source, const XString& path, const TagLibFacts& facts, bool hasTags,
+void CollectProperties(const AudioStream& source, const XString& path, const TagFacts& facts, bool hasTags,
                        XTagList& properties) {
     const AVCodecParameters& parameters = *source.Stream()->codecpar;
     FileInput file;

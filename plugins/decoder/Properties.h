@@ -4,5 +4,5 @@
 #include "plugins/decoder/Tags.h"
 
 // `facts` are what reading the tags brought, `hasTags` whether there were any.
-void CollectProperties(const AudioStream& source, const XString& path, const TagLibFacts& facts, bool hasTags,
+void CollectProperties(const AudioStream& source, const XString& path, const TagFacts& facts, bool hasTags,
                        XTagList& properties);

@@ -49,12 +49,13 @@ XString ToText(const TagLib::String& text) {
 }
 
 // Items of M4A files that bring their own name, which TagLib's list of properties leaves out.
-void AddFreeItems(const TagLib::MP4::File& file, const TagLib::StringList& names, XTagList& tags) {
+void AddFreeItems(const TagLib::MP4::File& file, const TagLib::StringList& names, XTagList& tags,
+                  TagFacts& facts) {
     for (const TagLib::String& name : names)
         if (name.startsWith("----:") && file.tag()) {
             const XString whole = ToText(name);
             for (const TagLib::String& value : file.tag()->item(name).toStringList())
-                AddTag(tags, whole.From(whole.FindChar(L':', 6) + 1), ToText(value));
+                TakeTag(whole.From(whole.FindChar(L':', 6) + 1), ToText(value), tags, facts);
         }
 }
 
@@ -64,7 +65,7 @@ void AddId3Kind(const TagLib::ID3v2::Tag* tag, XString& kinds) {
 }
 
 // Kinds that the marks around the audio don't tell.
-void LearnFacts(TagLib::File& file, TagLibFacts& facts) {
+void LearnFacts(TagLib::File& file, TagFacts& facts) {
     const auto* comments = dynamic_cast<const TagLib::Ogg::XiphComment*>(file.tag());
     if (auto* flac = dynamic_cast<TagLib::FLAC::File*>(&file))
         comments = flac->hasXiphComment() ? flac->xiphComment() : nullptr;
@@ -88,22 +89,22 @@ void LearnFacts(TagLib::File& file, TagLibFacts& facts) {
     }
 }
 
-void AddProperties(const TagLib::PropertyMap& map, XTagList& tags) {
+void AddProperties(const TagLib::PropertyMap& map, XTagList& tags, TagFacts& facts) {
     for (const auto& [key, values] : map)
         for (const TagLib::String& value : values)
-            AddTag(tags, ToText(key), ToText(value));
+            TakeTag(ToText(key), ToText(value), tags, facts);
 }
 
 // What further tags of an mp3 file tell beyond the first, from which alone TagLib takes its properties.
-void AddMissing(const TagLib::Tag* further, XTagList& tags) {
+void AddMissing(const TagLib::Tag* further, XTagList& tags, TagFacts& facts) {
     XTagList list;
     if (further)
-        AddProperties(further->properties(), list);
+        AddProperties(further->properties(), list, facts);
     JoinTotals(list);
     tags.Merge(list);
 }
 
-bool AddAll(const XString& path, XTagList& tags, TagLibFacts& facts) {
+bool AddAll(const XString& path, XTagList& tags, TagFacts& facts) {
     const XString prefixed = LongPath(path, longFileLimit);
     MendedFile stream(prefixed);
     const TagLib::FileRef file(&stream, false);
@@ -111,23 +112,24 @@ bool AddAll(const XString& path, XTagList& tags, TagLibFacts& facts) {
         return false;
     LearnFacts(*file.file(), facts);
     const TagLib::PropertyMap map = file.file()->properties();
-    AddProperties(map, tags);
+    AddProperties(map, tags, facts);
     if (auto* mpeg = dynamic_cast<TagLib::MPEG::File*>(file.file())) {
-        AddMissing(mpeg->APETag(), tags);
-        AddMissing(mpeg->ID3v1Tag(), tags);
+        AddMissing(mpeg->APETag(), tags, facts);
+        AddMissing(mpeg->ID3v1Tag(), tags, facts);
     }
     if (const auto* mp4 = dynamic_cast<const TagLib::MP4::File*>(file.file()))
-        AddFreeItems(*mp4, map.unsupportedData(), tags);
+        AddFreeItems(*mp4, map.unsupportedData(), tags, facts);
     return tags.Count() > 0;
 }
 } // namespace
 
 // A damaged tag costs the tags, not the audio.
-bool AddTagLibTags(const XString& path, XTagList& tags, TagLibFacts& facts) {
+bool AddTagLibTags(const XString& path, XTagList& tags, TagFacts& facts) {
     try {
         return AddAll(path, tags, facts);
     } catch (...) {
         tags.Clear();
+        facts.unread = {};
         return false;
     }
 }

@@ -16,12 +16,15 @@ namespace {
 
 // Larger pictures are no cover art, and an image's sizes are 32 bits.
 constexpr int mostPictureBytes = 64 * 1024 * 1024;
+constexpr int fullDictionary = 1024; // where our build of FFmpeg ends adding names
 
-void AddDictionary(const AVDictionary* dictionary, XTagList& tags) {
+void AddDictionary(const AVDictionary* dictionary, XTagList& tags, TagFacts& facts) {
     const AVDictionaryEntry* entry = nullptr;
     while ((entry = av_dict_get(dictionary, "", entry, AV_DICT_IGNORE_SUFFIX)))
         if (lstrcmpiA(entry->key, "language") != 0) // the container's guess about its stream
-            AddTag(tags, FromUtf8(entry->key), FromUtf8(entry->value));
+            TakeTag(FromUtf8(entry->key), FromUtf8(entry->value), tags, facts);
+    if (av_dict_count(dictionary) >= fullDictionary)
+        facts.unread.AddUnnamed();
 }
 
 // Names of the picture types of ID3v2, as FFmpeg writes them into a picture stream's comment.
@@ -74,14 +77,17 @@ const wchar_t* MimeType(AVCodecID id) {
     }
 }
 
-void AddPictures(const AVFormatContext& container, XTagList& tags) {
+void AddPictures(const AVFormatContext& container, XTagList& tags, TagFacts& facts) {
     for (unsigned i = 0; i < container.nb_streams; ++i) {
         const AVStream& picture = *container.streams[i];
         const wchar_t* mime = MimeType(picture.codecpar->codec_id);
         const AVPacket& bytes = picture.attached_pic;
-        if (!(picture.disposition & AV_DISPOSITION_ATTACHED_PIC) || !mime || bytes.size <= 0 ||
-            bytes.size > mostPictureBytes)
+        if (!(picture.disposition & AV_DISPOSITION_ATTACHED_PIC) || !mime || bytes.size <= 0)
             continue;
+        if (bytes.size > mostPictureBytes) {
+            facts.unread.Add(L"cover art");
+            continue;
+        }
         const AVDictionaryEntry* type = av_dict_get(picture.metadata, "comment", nullptr, 0);
         const AVDictionaryEntry* title = av_dict_get(picture.metadata, "title", nullptr, 0);
         XString value = DecimalText(PictureType(type ? type->value : nullptr));
@@ -107,12 +113,17 @@ XString FromUtf8(const char* text) {
     return result;
 }
 
-TagLibFacts CollectTags(const AudioStream& source, const XString& path, XTagList& tags) {
-    TagLibFacts facts;
+void TakeTag(const XString& key, const XString& text, XTagList& tags, TagFacts& facts) {
+    if (!AddTag(tags, key, text))
+        facts.unread.Add(key.Lower());
+}
+
+TagFacts CollectTags(const AudioStream& source, const XString& path, XTagList& tags) {
+    TagFacts facts;
     const AVDictionaryEntry* date = av_dict_get(source.Container()->metadata, "date", nullptr, 0);
     if (!AddTagLibTags(path, tags, facts)) {
-        AddDictionary(source.Container()->metadata, tags);
-        AddDictionary(source.Stream()->metadata, tags); // Ogg keeps its comments at the stream
+        AddDictionary(source.Container()->metadata, tags, facts);
+        AddDictionary(source.Stream()->metadata, tags, facts); // Ogg keeps its comments at the stream
     } else if (date && !tags.Get(L"year").IsEmpty() && FromUtf8(date->value).StartsWith(tags.Get(L"year")) &&
                !std::strchr(date->value, ';')) {      // of Vorbis comments: several dates
         AddTag(tags, L"date", FromUtf8(date->value)); // TagLib leaves out the day in old ID3 tags
@@ -120,6 +131,6 @@ TagLibFacts CollectTags(const AudioStream& source, const XString& path, XTagList
     if (source.Stream()->codecpar->codec_id == AV_CODEC_ID_OPUS)
         TurnFromOpusGains(tags);
     JoinTotals(tags);
-    AddPictures(*source.Container(), tags);
+    AddPictures(*source.Container(), tags, facts);
     return facts;
 }

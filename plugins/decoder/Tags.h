@@ -2,20 +2,24 @@
 #pragma once
 
 #include "foundation/XTagList.h"
+#include "plugins/decoder/UnreadTags.h"
 
 class AudioStream;
 
-// What TagLib tells of a file besides its tags.
-struct TagLibFacts {
+// What reading the tags tells of a file besides them.
+struct TagFacts {
     XString kinds;  // of tags that stand inside the file's own structure, "Vorbis comments"
     XString vendor; // the encoder, as Vorbis comments name it
+    UnreadTags unread;
 };
 
 // Tags come from TagLib where it reads the format, since it keeps several values of one key apart, else
 // from the container; pictures always from the container.
-TagLibFacts CollectTags(const AudioStream& source, const XString& path, XTagList& tags);
+TagFacts CollectTags(const AudioStream& source, const XString& path, XTagList& tags);
 
 // Adds what TagLib finds; false if it doesn't read this file, fails on it or finds nothing.
-[[nodiscard]] bool AddTagLibTags(const XString& path, XTagList& tags, TagLibFacts& facts);
+[[nodiscard]] bool AddTagLibTags(const XString& path, XTagList& tags, TagFacts& facts);
+// AddTag (TagKeys.h), noting what found no room.
+void TakeTag(const XString& key, const XString& text, XTagList& tags, TagFacts& facts);
 
 [[nodiscard]] XString FromUtf8(const char* text);

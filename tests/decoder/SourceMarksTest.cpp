@@ -3,6 +3,7 @@
 #include "plugins/decoder/FileMarks.h"
 #include "plugins/decoder/Id3Frames.h"
 #include "plugins/decoder/OggEnd.h"
+#include "plugins/decoder/UnreadTags.h"
 
 #include <gtest/gtest.h>
 
@@ -132,6 +133,47 @@ TEST(SourceMarks, MendsFramesThatEndATagTooEarly) {
             }
         }
     }
+}
+
+TEST(SourceMarks, TextsWithoutAByteOrderGetOne) {
+    using std::string_literals::operator""s;
+    struct Row {
+        const char* name;
+        std::string text, mended; // no mended one: it stays
+    };
+    for (const Row& row :
+         {Row{"TIT2", "\1a\0b\0\0\0"s, "\2\0a\0b\0\0"s}, Row{"TIT2", "\1\0a\0b"s, "\2\0a\0b"s},
+          Row{"TIT2", "\1\xE5\x65\x2C\x67"s, "\2\x65\xE5\x67\x2C"s}, Row{"TPE1", "\1\xFF\xFEz\0"s, ""},
+          Row{"TPE1", "\3a\0b\0"s, ""}, Row{"COMM", "\1engd\0\0\0t\0"s, "\2eng\0d\0\0\0t"s},
+          Row{"COMM", "\1eng\0\0\xFE\xFF\0t"s, ""}, Row{"PRIV", "\1a\0b\0"s, ""}, Row{"TALB", "\1"s, ""}}) {
+        auto bytes = Exact(Frame(row.name, row.text, 8));
+        MendId3v2Frames(bytes.data(), bytes.size(), 3);
+        EXPECT_EQ(bytes, Exact(Frame(row.name, row.mended.empty() ? row.text : row.mended, 8)))
+            << row.name << row.text;
+    }
+    auto packed = Exact(Frame("TIT2", "\1a\0b\0"s, 8));
+    packed[9] = 0x80;
+    const auto same = packed;
+    MendId3v2Frames(packed.data(), packed.size(), 3);
+    EXPECT_EQ(packed, same);
+}
+
+bool EndsWith(const XString& text, const XString& end) {
+    return text.Count() > end.Count() && text.From(text.Count() - end.Count() + 1) == end;
+}
+
+TEST(SourceMarks, UnreadTagsAreToldInOneLine) {
+    UnreadTags unread;
+    EXPECT_TRUE(unread.Text().IsEmpty());
+    unread.AddUnnamed();
+    EXPECT_TRUE(EndsWith(unread.Text(), L" are several"));
+    for (const wchar_t* name : {L"b", L"a", L"b"})
+        unread.Add(name);
+    EXPECT_TRUE(EndsWith(unread.Text(), L" are b, a and others"));
+    for (int i = 0; i < 100000; ++i)
+        unread.Add(L"comment " + DecimalText(i));
+    EXPECT_TRUE(EndsWith(
+        unread.Text(), L", a, comment 0, comment 1, comment 2, comment 3, comment 4, comment 5 and others"));
 }
 
 TEST(SourceMarks, EndsOfOggFiles) {

@@ -49,12 +49,17 @@ cp "$work/cover.jpg" "$odd/picture.wav"
 for row in plain.wav:right1.mp3 cbr.mp3:right2.wav vorbis.ogg:right3.flac flac.flac:right4.ogg alac.m4a:right5.wma; do
     cp "$in/${row%:*}" "$odd/${row#*:}"
 done
+seq -f 'KEY1=%05g' 20000 >"$work/many.txt" # more of a tag than is read
+cp "$in/flac.flac" "$odd/right6.flac"
+metaflac --import-tags-from="$work/many.txt" "$odd/right6.flac"
 run_farm Wave "$work/farm-odd" 0 0 "$odd"/* "$odd/missing.wav"
 while IFS=$'\t' read -r -u 3 name _ _ state _; do
     [[ $name == right* ]] && wanted=written || wanted=nothing
     [ "$state" = "$wanted" ] || fail "$name: $state"
     [ "$state" = nothing ] || [ "$(soxi -s "$work/farm-odd/written/$name.wav")" = "$(frames "$odd/$name")" ] || fail "$name: length"
 done 3<"$work/farm-odd/rows.txt"
+grep -q '^right6.*Not all tags of the source could be read: too many or too long are key1' "$work/farm-odd/rows.txt" ||
+    fail "tags are left out without a word"
 
 run_farm Wave "$work/farm" "$places" "$places" "$in"/*
 

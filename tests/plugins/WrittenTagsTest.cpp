@@ -74,6 +74,25 @@ TEST(TagKeys, ValuesAreTextThatEveryKindOfTagHolds) {
     EXPECT_EQ(tags.Get(L"releasetype"), XString(L"live"));
 }
 
+TEST(TagKeys, WhatFindsNoRoomIsTold) {
+    XTagList tags;
+    XString longest;
+    longest.SetLength(70000);                      // blanks
+    EXPECT_TRUE(AddTag(tags, L"lyrics", longest)); // one value may have any length
+    EXPECT_TRUE(AddTag(tags, L"encoder", L"x"));   // left out on purpose
+    EXPECT_FALSE(AddTag(tags, L"lyrics", L"b"));
+    for (std::int64_t i = tags.Count(); i < mostTagNames; ++i)
+        EXPECT_TRUE(AddTag(tags, L"key" + DecimalText(i), L"x"));
+    EXPECT_FALSE(AddTag(tags, L"one more", L"x"));
+    EXPECT_TRUE(AddTag(tags, L"key7", L"y"));
+    EXPECT_EQ(tags.Count(), mostTagNames);
+    EXPECT_EQ(tags.Get(L"lyrics"), longest);
+
+    XTagList written; // of so many a decoder may leave out others
+    ForetellTags(tags, {}, TagValues::separate, written);
+    EXPECT_EQ(written.Count(), 0);
+}
+
 TEST(TagKeys, TotalsJoinTheirNumbers) {
     struct Totals {
         const wchar_t *numbers, *totals, *expected;
