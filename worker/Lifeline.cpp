@@ -2,25 +2,18 @@
 
 #include <cstring>
 
-#include <tlhelp32.h>
+#include <winternl.h>
 
 namespace {
 
 constexpr ULONGLONG signIntervalMs = 250;
 
+// 0 if it can't be told. A snapshot of all processes would say the same after some milliseconds.
 DWORD ParentId() {
-    const XFileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
-    if (!snapshot.IsValid())
-        return 0;
-    PROCESSENTRY32W entry{};
-    entry.dwSize = sizeof(entry);
-    const DWORD self = GetCurrentProcessId();
-    for (BOOL more = Process32FirstW(snapshot.Get(), &entry); more;
-         more = Process32NextW(snapshot.Get(), &entry)) {
-        if (entry.th32ProcessID == self)
-            return entry.th32ParentProcessID;
-    }
-    return 0;
+    PROCESS_BASIC_INFORMATION self{};
+    const NTSTATUS status =
+        NtQueryInformationProcess(GetCurrentProcess(), ProcessBasicInformation, &self, sizeof(self), nullptr);
+    return NT_SUCCESS(status) ? static_cast<DWORD>(self.InheritedFromUniqueProcessId) : 0;
 }
 
 // 0 if it can't be told; in units of 100 ns.
