@@ -135,5 +135,5 @@ void SourceReader::ReportInformation() {
 }
 
 void SourceReader::Close() {
-    decoder.Unload();
+    decoder.DestroyInstance(); // the library stays, since it mostly opens the finished file, too
 }
