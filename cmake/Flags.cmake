@@ -11,6 +11,8 @@ if(WIN32)
     # libraries of the compiler the program would keep their debug information.
     add_link_options(-Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s>)
     add_compile_options("-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=")
+    # Pages stand in the file as in memory: Wine maps such a file, and copies any other in every worker.
+    add_link_options(-Wl,--file-alignment,4096)
     set(CMAKE_RC_FLAGS "-c 65001")
     set(CMAKE_SHARED_LIBRARY_PREFIX "")
 else()

@@ -15,6 +15,7 @@ LimitTags() {
 }
 
 # gcc with win32 threads: the posix one would make the DLLs import a thread library of its own.
+# Pages of a DLL stand in it as in memory: Wine maps such a file, and copies any other in every worker.
 # Built in the source folder, so that no path of the build machine gets into messages of the DLLs.
 Build() {
     cd "$sources/ffmpeg"
@@ -30,7 +31,7 @@ Build() {
         --disable-autodetect --disable-network --disable-everything \
         --disable-avdevice --disable-avfilter --disable-swscale --disable-postproc \
         --enable-swresample --enable-w32threads --disable-pthreads --enable-zlib \
-        --extra-cflags=-Izlib --extra-ldflags="-static-libgcc -Lzlib -Lmath" \
+        --extra-cflags=-Izlib --extra-ldflags="-static-libgcc -Lzlib -Lmath -Wl,--file-alignment,4096" \
         --extra-libs=-lscalarmath $(cat components.txt)
     make -j"$jobs"
     make install DESTDIR="$install"
