@@ -29,6 +29,13 @@ while IFS= read -r file; do
     strings -el "$file" | grep -qx OriginalFilename || [[ $file = ./*-*.dll ]] || Fault "$file has no version information"
 done < <(find . -name '*.exe' -o -name '*.dll')
 
+# Loaded by every worker: libraries of the desktop would be as much work as converting a short file.
+for file in Millworker.exe decoder/*.dll encoder/*.dll DSPs/*.dll *-*.dll; do
+    if x86_64-w64-mingw32-objdump -p "$file" | grep -qiE 'DLL Name: (user32|gdi32|shell32|ole32|crypt32)\.dll'; then
+        Fault "$file loads the desktop's libraries at its start"
+    fi
+done
+
 # Every source package that something was built from has its licence here.
 while read -r name _; do
     case $name in libz-mingw-w64) name=zlib ;; esac
