@@ -21,7 +21,7 @@ while IFS= read -r file; do
         [ -f "$name" ] && continue
         case ${name,,} in
         advapi32.dll | bcrypt.dll | comctl32.dll | comdlg32.dll | gdi32.dll | imm32.dll | kernel32.dll | \
-            msimg32.dll | msvcrt.dll | ole32.dll | oleaut32.dll | psapi.dll | shell32.dll | shlwapi.dll | \
+            msimg32.dll | msvcrt.dll | ntdll.dll | ole32.dll | oleaut32.dll | psapi.dll | shell32.dll | shlwapi.dll | \
             user32.dll | uxtheme.dll | version.dll) ;;
         *) Fault "$file imports $name" ;;
         esac
