@@ -35,7 +35,14 @@ for state in "${states[@]}"; do
         echo "$state: was not shown" >&2
         exit 1
     fi
-    import -window root "$out/all.png"
+    earlier=
+    for _ in $(seq 20); do # the server of the screen paints later than the form; some forms never stand still
+        import -window root "$out/all.png"
+        colours=$(convert "$out/all.png" -format '%k %#' info:)
+        [[ $colours != '1 '* && $colours = "$earlier" ]] && break
+        earlier=$colours
+        sleep 0.2
+    done
     rm -f "$flag"
     wait $! || true
     # What stands out against the empty screen, with a little of it around.
