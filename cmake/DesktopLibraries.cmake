@@ -1,7 +1,8 @@
 # `tm_desktop`: the libraries of windows, drawing and the shell, loaded at their first call. The worker and the
-# plug-ins in it never call them, and a process per file would start their desktop side for nothing.
+# plug-ins in it hardly ever call them, and a process per file would start their desktop side for nothing.
 # Where the tools can't make such import libraries, the plain ones serve.
 if(WIN32)
+    block()
     add_library(tm_desktop INTERFACE)
     set(folder ${CMAKE_BINARY_DIR}/delayed)
     file(MAKE_DIRECTORY ${folder})
@@ -24,4 +25,5 @@ if(WIN32)
         endif()
         target_link_libraries(tm_desktop INTERFACE ${delayed})
     endforeach()
+    endblock()
 endif()

@@ -52,24 +52,24 @@ done
 seq -f 'KEY1=%05g' 20000 >"$work/many.txt" # more of a tag than is read
 cp "$in/flac.flac" "$odd/right6.flac"
 metaflac --import-tags-from="$work/many.txt" "$odd/right6.flac"
-run_farm Wave "$work/farm-odd" 0 0 "$odd"/* "$odd/missing.wav"
+run_farm Wave "$work/runs-odd" 0 0 "$odd"/* "$odd/missing.wav"
 while IFS=$'\t' read -r -u 3 name _ _ state _; do
     [[ $name == right* ]] && wanted=written || wanted=nothing
     [ "$state" = "$wanted" ] || fail "$name: $state"
-    [ "$state" = nothing ] || [ "$(soxi -s "$work/farm-odd/written/$name.wav")" = "$(frames "$odd/$name")" ] || fail "$name: length"
-done 3<"$work/farm-odd/rows.txt"
-grep -q '^right6.*Not all tags of the source could be read: too many or too long are key1' "$work/farm-odd/rows.txt" ||
+    [ "$state" = nothing ] || [ "$(soxi -s "$work/runs-odd/written/$name.wav")" = "$(frames "$odd/$name")" ] || fail "$name: length"
+done 3<"$work/runs-odd/rows.txt"
+grep -q '^right6.*Not all tags of the source could be read: too many or too long are key1' "$work/runs-odd/rows.txt" ||
     fail "tags are left out without a word"
 
-run_farm Wave "$work/farm" "$places" "$places" "$in"/*
+run_farm Wave "$work/runs" "$places" "$places" "$in"/*
 
 # Of what was written: whole files, cut files that lost no audio, and what ffmpeg hears as well.
 # Formats that tell their length never come out short. A checksum lets no turned bit through.
 judge() { # NAME INFORMATION
-    local name=$1 extension=${1##*.} whole copy output=$work/farm/written/$1.wav hash
-    whole=$work/farm/written/${name%%~*}
+    local name=$1 extension=${1##*.} whole copy output=$work/runs/written/$1.wav hash
+    whole=$work/runs/written/${name%%~*}
     [[ $name == *~* ]] && whole+=.$extension.wav || whole=$in/$name
-    copy=$work/farm/damaged/$name
+    copy=$work/runs/damaged/$name
     hash=$(pcm_hash "$output")
     if [[ $name != *~* ]]; then
         [[ $name == wide.flac ]] && whole=$work/wide.wav # which ffmpeg can't read
@@ -94,11 +94,11 @@ judge() { # NAME INFORMATION
 }
 export -f judge pcm_hash frames
 export work in
-awk -F '\t' '$4 == "written" && $2 == 0 { print $1; print $6 }' "$work/farm/rows.txt" |
+awk -F '\t' '$4 == "written" && $2 == 0 { print $1; print $6 }' "$work/runs/rows.txt" |
     xargs -d '\n' -n 2 -P 2 bash -c 'judge "$@"' _ >"$work/faults.txt" 2>&1
 fail_lines "$work/faults.txt"
 
 awk -F '\t' '{ kind = $1 ~ /~cut/ ? "cut" : $1 ~ /~flip/ ? "flipped" : "whole"; ++n[kind]; written[kind] += $4 == "written"
         slowest = $3 > slowest ? $3 : slowest }
-    END { for (kind in n) print n[kind], kind, "of them written:", written[kind]; print "slowest", slowest, "ms" }' "$work/farm/rows.txt"
+    END { for (kind in n) print n[kind], kind, "of them written:", written[kind]; print "slowest", slowest, "ms" }' "$work/runs/rows.txt"
 finish
