@@ -1,7 +1,7 @@
 #!/bin/bash
 # Looks over a program folder before it is shipped: whole, with licences, with nothing of the build machine.
 # usage: check-files.sh <program folder> <folder of the codec libraries>
-set -euo pipefail
+set -euo pipefail # so grep reads to the end here: with -q the writer ahead of it would fail, and with it the line
 folder=$(realpath "$1") codecs=$2
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$folder"
@@ -26,12 +26,12 @@ while IFS= read -r file; do
         *) Fault "$file imports $name" ;;
         esac
     done
-    strings -el "$file" | grep -qx OriginalFilename || [[ $file = ./*-*.dll ]] || Fault "$file has no version information"
+    strings -el "$file" | grep -x OriginalFilename >/dev/null || [[ $file = ./*-*.dll ]] || Fault "$file has no version information"
 done < <(find . -name '*.exe' -o -name '*.dll')
 
 # Loaded by every worker: libraries of the desktop would be as much work as converting a short file.
 for file in Millworker.exe decoder/*.dll encoder/*.dll DSPs/*.dll *-*.dll; do
-    if x86_64-w64-mingw32-objdump -p "$file" | grep -qiE 'DLL Name: (user32|gdi32|shell32|ole32|crypt32)\.dll'; then
+    if x86_64-w64-mingw32-objdump -p "$file" | grep -iE 'DLL Name: (user32|gdi32|shell32|ole32|crypt32)\.dll' >/dev/null; then
         Fault "$file loads the desktop's libraries at its start"
     fi
 done
@@ -49,7 +49,7 @@ done
 while IFS= read -r file; do
     for own in "$root/" "$folder" "$(dirname "$codecs")/" "$HOME/"; do
         [ "${#own}" -gt 3 ] || continue
-        if { strings -a "$file"; strings -a -el "$file"; } | grep -qF -- "$own"; then
+        if { strings -a "$file"; strings -a -el "$file"; } | grep -F -- "$own" >/dev/null; then
             Fault "$file names $own"
         fi
     done

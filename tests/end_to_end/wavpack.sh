@@ -22,7 +22,7 @@ for settings in '' '-mode="fast" -verify' '-mode="high" -extra="2"' '-mode="very
         expect_same_audio "$source" "$work/out/$name.wv"
         wvunpack -q -y -m -w "$work/out/$name.wv" -o "$work/unpacked.wav" >"$work/wvunpack.log" || fail "wvunpack finds another md5 in $name"
         expect_same_audio "$source" "$work/unpacked.wav"
-        wvunpack -s "$work/out/$name.wv" 2>&1 | grep -q "original md5: *[0-9a-f]\{32\}" || fail "no md5 in $name"
+        wvunpack -s "$work/out/$name.wv" 2>&1 | grep "original md5: *[0-9a-f]\{32\}" >/dev/null || fail "no md5 in $name"
     done
 done
 for row in "Title=Café – 日本" Track=3/12 "own key=x"; do
