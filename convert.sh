@@ -106,7 +106,7 @@ take() { # FROM TO
     mv -f -- "$1" "$(dirname "$2")/.tonemill-$$" && mv -f -- "$(dirname "$2")/.tonemill-$$" "$2"
 }
 converted=0 failed=0
-while IFS=$'\t' read -r state source target; do
+while IFS=$'\t' read -r state source target errors; do
     case $state in
     ok)
         if [[ $target == *.IGNORE ]]; then # Test Conversion writes no files
@@ -126,7 +126,7 @@ while IFS=$'\t' read -r state source target; do
     failed)
         source=${source#Z:}
         failed=$((failed + 1))
-        printf 'failed   %s\n' "${source//\\//}" ;;
+        printf 'failed   %s\n         %s\n' "${source//\\//}" "$errors" ;;
     esac
 done < <(tr -d '\r' <"$job/report.txt")
 # Playlists that an effect wrote beside the outputs; what somebody else has there stays.

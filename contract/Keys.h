@@ -13,6 +13,7 @@ inline constexpr wchar_t estimatedFileSize[] = L"GetEstimatedFileSize";
 inline constexpr wchar_t disableSameFolder[] = L"DisableSameFolder";
 inline constexpr wchar_t disableConvertToFolder[] = L"DisableConvertToFolder";
 inline constexpr wchar_t batchEndConversion[] = L"BatchEndConversion";
+inline constexpr wchar_t batchErrors[] = L"Batch Errors";
 inline constexpr wchar_t checkSettings[] = L"Check Settings";
 inline constexpr wchar_t lastError[] = L"Last Error";
 inline constexpr wchar_t information[] = L"Information";

@@ -216,6 +216,9 @@ typedef void (*DspDestroy)(ZtInstance);
 //                            ("file1_in", "file1_out", "file1_conversionhaderrors", "file2_in"...),
 //                            text1 own settings, text2 encoder settings, text3 encoder name. In
 //                            Tonemill, once per batch, after the last worker has ended.
+//       "Batch Errors"       just before it, on the same instance, if files failed: data and dataSize
+//                            image of a list that has for each of those what its error log says
+//                            ("file2_errors", numbered as above), lines separated by LF
 //       "Tags"               data and dataSize image of the tags that the chain delivers so far; non-zero
 //                            if the effect has changed them, data and dataSize being its own image then.
 //                            In the worker, once, when all first passes are over: for tags that tell

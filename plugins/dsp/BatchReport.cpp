@@ -1,5 +1,5 @@
 // The effect library "Batch Report": leaves audio alone and, at the end of a batch, writes what became
-// of each file to the file that its settings name: -file="C:\path\report.txt".
+// of each file, and why it failed, to the file that its settings name: -file="C:\path\report.txt".
 #include "foundation/XKeyValueList.h"
 #include "foundation/XPath.h"
 #include "plugins/common/OutputFile.h"
@@ -11,10 +11,20 @@ namespace {
 
 class clBatchReport : public EffectBase {
 public:
+    void HearErrors(const PluginParams& params);
     bool EndBatch(const PluginParams& params);
 
     BatchReportPanel panel;
+
+private:
+    XTagList errors;
 };
+
+void clBatchReport::HearErrors(const PluginParams& params) {
+    errors.Clear();
+    if (params.data)
+        errors.Deserialize(params.data, params.dataSize);
+}
 
 // Under a temporary name first: who waits for the report never sees half of it.
 bool clBatchReport::EndBatch(const PluginParams& params) {
@@ -25,7 +35,7 @@ bool clBatchReport::EndBatch(const PluginParams& params) {
     XTagList results;
     if (params.data)
         results.Deserialize(params.data, params.dataSize);
-    const std::string text = BuildReport(results);
+    const std::string text = BuildReport(results, errors);
     const XString temporary = path + L".tmp";
     OutputFile file;
     if (!file.Create(temporary) || !file.Write(text.data(), text.size()) || !file.Close()) {

@@ -27,6 +27,7 @@ public:
         return true;
     }
     void After(bool /*failed*/) {}
+    void HearErrors(const PluginParams&) {} // the key "Batch Errors"
     bool EndBatch(const PluginParams&) { return true; }
 
     XString lastError;
@@ -83,6 +84,10 @@ std::int32_t GetEffectKey(Effect& effect, const wchar_t* key, PluginParams& para
     if (name == ZtKey::batchEndConversion) {
         effect.lastError.Clear();
         return effect.EndBatch(params) ? 1 : 0;
+    }
+    if (name == ZtKey::batchErrors) {
+        effect.HearErrors(params);
+        return 1;
     }
     if (name == ZtKey::tags)
         return effect.ChangeTags(params) ? 1 : 0;

@@ -16,13 +16,20 @@ std::string Field(const XString& text) {
 
 } // namespace
 
-std::string BuildReport(const XTagList& results) {
+std::string BuildReport(const XTagList& results, const XTagList& errors) {
     std::string out;
     std::int64_t count = 0;
+    const ResultErrors reasons = ErrorsByRow(errors);
     ResultReader reader(results);
     for (ResultRow row; reader.Next(row); ++count) {
         out += row.failed ? "failed\t" : "ok\t";
-        out += Field(row.source) + "\t" + Field(row.output) + "\n";
+        out += Field(row.source) + "\t" + Field(row.output);
+        const auto reason = reasons.find(row.number);
+        if (row.failed && reason != reasons.end()) {
+            out += '\t';
+            out += Field(reason->second);
+        }
+        out += "\n";
     }
     out += "end\t" + std::to_string(count) + "\n";
     return out;

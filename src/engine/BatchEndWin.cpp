@@ -8,11 +8,17 @@
 
 namespace {
 
-void TellEffect(const clChainEntry& entry, const clConversionSetup& setup, std::uint32_t batchId,
-                const XBuffer& image) {
-    PluginCreateBlock create{};
-    clZtDSP effect;
-    if (!clZtCodecHandler::LoadDSP(entry.name, effect, &create))
+// The image is empty if memory ran out.
+XBuffer ImageOf(const XTagList& list) {
+    XBuffer image;
+    if (!list.Serialize(image))
+        image.Free();
+    return image;
+}
+
+void Tell(const clZtDSP& effect, const wchar_t* key, const clChainEntry& entry,
+          const clConversionSetup& setup, std::uint32_t batchId, const XBuffer& image) {
+    if (image.size == 0)
         return;
     PluginParams params{};
     params.dataSize = static_cast<std::uint32_t>(image.size);
@@ -21,21 +27,29 @@ void TellEffect(const clChainEntry& entry, const clConversionSetup& setup, std::
     params.text2 = setup.encoderSettings;
     params.text3 = setup.codecName;
     params.data = image.data;
-    effect.AskGet(ZtKey::batchEndConversion, params);
+    effect.AskGet(key, params);
 }
 
 } // namespace
 
-void RunBatchEnd(clBatch& batch, const clConversionSetup& setup, const XArray<clBatchResult>& results) {
+void RunBatchEnd(clBatch& batch, const clConversionSetup& setup, const XArray<clBatchResult>& results,
+                 const XArray<clLogEntry>& errorLog) {
     if (batch.batchId != 0) {
-        XTagList list;
-        XBuffer image;
+        XTagList list, errors;
         FillResultList(results, list);
+        FillErrorList(results, errorLog, errors);
+        const XBuffer image = ImageOf(list);
+        const XBuffer errorImage = errors.Count() > 0 ? ImageOf(errors) : XBuffer();
         XArray<clChainEntry> chain;
         EffectChainFromText(chain, setup.chainText);
-        if (list.Serialize(image))
-            for (const clChainEntry& entry : chain)
-                TellEffect(entry, setup, batch.batchId, image);
+        for (const clChainEntry& entry : chain) {
+            PluginCreateBlock create{};
+            clZtDSP effect;
+            if (!clZtCodecHandler::LoadDSP(entry.name, effect, &create))
+                continue;
+            Tell(effect, ZtKey::batchErrors, entry, setup, batch.batchId, errorImage);
+            Tell(effect, ZtKey::batchEndConversion, entry, setup, batch.batchId, image);
+        }
     }
     batch.RemoveFolder();
     batch.batchId = 0;

@@ -163,7 +163,7 @@ clTickOutcome clConversion::TickCancelling() {
 }
 
 void clConversion::FinishBatch() {
-    RunBatchEnd(batch, setup, scheduler.results);
+    RunBatchEnd(batch, setup, scheduler.results, scheduler.errorLog);
     texts.title = XString(L"[Finished] ") + programCaption;
     texts.remaining.Clear();
     texts.elapsed.Clear();

@@ -58,7 +58,7 @@ convert --to FLAC --out "$work/flac" "$work"/in/*
 done=$(grep -c '^written ' "$work/convert.log")
 lost=$(grep -c '^failed ' "$work/convert.log")
 [ $((done + lost)) = "$files" ] || fail "$files sources, $done outputs, $lost errors"
-[ "$done" -ge $least ] || { fail "only $done of $files converted"; grep '^failed' "$work/convert.log"; }
+[ "$done" -ge $least ] || { fail "only $done of $files converted"; grep -A 1 '^failed' "$work/convert.log"; }
 expect_nothing_else "$work/flac" "$done"
 for output in "$work"/flac/*; do
     flac -ts "$output" || fail "$output"
@@ -72,7 +72,7 @@ done <"$work/pairs"
 [ ${#sources[@]} -ge 10 ] || fail "only ${#sources[@]} sources have tags"
 for target in 'mp3 (Lame):mp3' 'm4a AAC:m4a' 'Opus:opus' 'WavPack:wv' ${all:+'Wave:wav' 'Ogg Vorbis:ogg' 'AIFF:aiff'}; do
     convert --to "${target%:*}" --out "$work/${target#*:}" "${sources[@]}"
-    grep '^failed' "$work/convert.log" && fail "${target%:*} fails where FLAC succeeds"
+    grep -A 1 '^failed' "$work/convert.log" && fail "${target%:*} fails where FLAC succeeds"
     compare_tags "${target#*:}"
 done
 finish

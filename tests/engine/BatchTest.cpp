@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace {
 
 class BatchTest : public testing::Test {
@@ -70,21 +72,30 @@ TEST_F(BatchTest, EveryEffectHearsTheBatchOnce) {
     row->output = L"b";
     const std::int64_t id = batch.batchId;
     const XString folder = batch.temporaryFolder;
-    RunBatchEnd(batch, setup, results);
-    RunBatchEnd(batch, setup, results);
+    XArray<clLogEntry> errorLog;
+    clLogEntry* entry = errorLog.AddNew();
+    entry->source = L"a";
+    entry->lines.AddString(L"why");
+    RunBatchEnd(batch, setup, results, errorLog);
+    RunBatchEnd(batch, setup, results, errorLog);
     EXPECT_FALSE(PathExists(folder));
     EXPECT_EQ(batch.batchId, 0u);
 
-    XTagList list;
-    XBuffer image, heard;
+    XTagList list, errors;
+    XBuffer image, errorImage, heard;
     FillResultList(results, list);
     ASSERT_TRUE(list.Serialize(image));
+    FillErrorList(results, errorLog, errors);
+    ASSERT_TRUE(errors.Serialize(errorImage));
     ASSERT_TRUE(ReadWholeFile(log, heard));
-    const std::uint64_t textBytes = 2 * 7; // "-q" and "Asker"
-    ASSERT_EQ(heard.size, 2 * (8 + 4 + textBytes + image.size));
-    EXPECT_EQ(memcmp(heard.Bytes(), &id, 8), 0);
-    EXPECT_EQ(memcmp(heard.Bytes() + 12, L"-qAsker", textBytes), 0);
-    EXPECT_EQ(memcmp(heard.Bytes() + 12 + textBytes, image.data, image.size), 0);
+    std::string expected;
+    for (const XBuffer* told : {&errorImage, &image, &errorImage, &image}) {
+        expected.append(reinterpret_cast<const char*>(&id), sizeof(id));
+        expected.append(reinterpret_cast<const char*>(&told->size), 4);
+        expected.append(reinterpret_cast<const char*>(L"-qAsker"), 14);
+        expected.append(reinterpret_cast<const char*>(told->data), told->size);
+    }
+    EXPECT_EQ(std::string(reinterpret_cast<const char*>(heard.data), heard.size), expected);
 }
 
 TEST(PowerAction, AsksOnlyForARealAction) {

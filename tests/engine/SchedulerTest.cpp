@@ -143,6 +143,12 @@ TEST_F(Fixture, HarvestMovesReportsAndReportedNames) {
         EXPECT_EQ(list[i].key, XString(rows[i].key));
         EXPECT_EQ(list[i].value, XString(rows[i].value));
     }
+    XTagList errors;
+    FillErrorList(scheduler.results, scheduler.errorLog, errors);
+    ASSERT_EQ(errors.Count(), 3);
+    EXPECT_EQ(errors[2].key, XString(L"file4_errors"));
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(errors[i].value, XString(L"one\ntwo"));
 }
 
 TEST_F(Fixture, ProgressCountsOnePercentMoreUpToHundred) {

@@ -1,7 +1,7 @@
 // An encoder or, with FAKE_EFFECT, an effect for the engine's tests.
 // Encoder: settings with "single" want one worker, with "triple" have a multiplier of 3, with "needs"
 // require the effect Listener. Effect: at the end of a batch it writes what it hears to the file that
-// its settings name: number, dataSize, texts 2 and 3, then the image.
+// its settings name: number, dataSize, texts 2 and 3, then the image; so it does with the errors before.
 #include "QuietExports.h"
 #include "contract/Keys.h"
 
@@ -11,7 +11,7 @@
 
 #ifdef FAKE_EFFECT
 FAKE_EXPORT std::int32_t DSP_Get(ZtInstance, const wchar_t* key, PluginParams* params) {
-    if (!IsText(key, ZtKey::batchEndConversion))
+    if (!IsText(key, ZtKey::batchEndConversion) && !IsText(key, ZtKey::batchErrors))
         return 0;
     const HANDLE file =
         CreateFileW(params->text1, FILE_APPEND_DATA, 0, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);

@@ -24,11 +24,14 @@ TEST_F(BatchReport, WritesTheFileThatItsSettingsName) {
     results.Add(L"file1_in", L"C:\\a.wav");
     results.Add(L"file1_out", L"C:\\a.flac");
     results.Add(L"file1_conversionhaderrors", L"");
+    XTagList errors;
+    errors.Add(L"file1_errors", L"gone");
+    EXPECT_TRUE(TellBatch(L"Batch Errors", errors, L""));
     EXPECT_TRUE(EndBatch(results, L"-file=\"" + report + L"\""));
     XBuffer bytes;
     ASSERT_TRUE(ReadWholeFile(report, bytes));
     EXPECT_EQ(std::string(bytes.Bytes(), bytes.Bytes() + bytes.size),
-              "failed\tC:\\a.wav\tC:\\a.flac\nend\t1\n");
+              "failed\tC:\\a.wav\tC:\\a.flac\tgone\nend\t1\n");
     EXPECT_FALSE(PathExists(report + L".tmp"));
 }
 

@@ -24,14 +24,17 @@ protected:
             destroy(instance);
     }
     bool EndBatch(const XTagList& results, const XString& settings) {
+        return TellBatch(L"BatchEndConversion", results, settings);
+    }
+    bool TellBatch(const wchar_t* key, const XTagList& list, const XString& settings) {
         XBuffer image;
-        EXPECT_TRUE(results.Serialize(image));
+        EXPECT_TRUE(list.Serialize(image));
         PluginParams params{};
         params.number = 7;
         params.data = image.data;
         params.dataSize = static_cast<std::uint32_t>(image.size);
         params.text1 = settings;
-        return get(instance, L"BatchEndConversion", &params) != 0;
+        return get(instance, key, &params) != 0;
     }
     XString LastError() {
         PluginParams params{};

@@ -270,6 +270,7 @@ void CheckEffectKeys(Checked& checked) {
         params.text1 = settings;
         params.text2 = L"";
         params.text3 = L"Wave";
+        instance.Ask(ZtKey::batchErrors, params);
         instance.Ask(ZtKey::batchEndConversion, params);
         params = {};
         params.data = &noRecords;
