@@ -7,9 +7,14 @@ export WINEPREFIX=$tm_wine/prefix WINEDEBUG=${WINEDEBUG:--all} WINEARCH=win64
 export LC_ALL=C.UTF-8
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 
+# With random addresses one process in some 4,000 ends before it begins, under Linux 6.9 and later: the loader's
+# heap may lie where Wine's page of shared data belongs. Where the system lets us, do without them.
+tm_fixed=
+if setarch -R true 2>/dev/null; then tm_fixed='setarch -R'; fi
+
 # The prefix's Music, Documents and Desktop are links into HOME: give it one of its own.
 # 9 is convert.sh's lock: Wine's services, which live on for a while, must not hold it.
-tm_with_home() { HOME=$tm_wine/home "$@" 9>&-; }
+tm_with_home() { HOME=$tm_wine/home $tm_fixed "$@" 9>&-; }
 
 tm_make_prefix() {
     [ -e "$tm_wine/.complete" ] && return 0

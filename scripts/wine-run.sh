@@ -6,12 +6,11 @@ if [ ! -e "$tm_wine/.complete" ]; then
     echo "no Wine prefix: source scripts/wine-env.sh and call tm_start_wine" >&2
     exit 98
 fi
-export HOME=$tm_wine/home
 # Services that Wine starts on the way inherit the output and keep it open long after the program
 # has ended: let them hold a file, not the caller's pipe.
 output=$(mktemp)
 trap 'rm -f "$output"' EXIT
-wine "$@" >"$output" 2>&1 </dev/null
+tm_with_home wine "$@" >"$output" 2>&1 </dev/null
 result=$?
 cat "$output"
 exit $result

@@ -37,6 +37,19 @@ bool WriteCommandFile(const XString& path, const XString& text) {
            file.Write(text.Text(), static_cast<DWORD>(text.Count()) * sizeof(wchar_t));
 }
 
+// A start may fail for reasons that pass: a scanner that holds the program, Wine's page of shared data (see
+// scripts/wine-env.sh). One file of thousands must not be lost to them, so it is tried twice.
+bool CreateWorker(const XString& commandLine, STARTUPINFOW& start, PROCESS_INFORMATION& made) {
+    constexpr int tries = 2;
+    for (int i = 0; i < tries; ++i) {
+        XString writable = commandLine;
+        if (CreateProcessW(nullptr, writable.Buffer(), nullptr, nullptr, TRUE,
+                           CREATE_NO_WINDOW | NORMAL_PRIORITY_CLASS, nullptr, nullptr, &start, &made))
+            return true;
+    }
+    return false;
+}
+
 bool Fail(clJobSlot& slot, const wchar_t* reason) {
     AddLine(slot.errorText, reason);
     slot.link->outPipe.Close();
@@ -96,9 +109,7 @@ bool StartProcess(clJobSlot& slot, const XString& commandLine) {
     start.hStdOutput = outEnd.Get();
     start.hStdError = errorEnd.Get();
     PROCESS_INFORMATION made{};
-    XString writable = commandLine;
-    if (!CreateProcessW(nullptr, writable.Buffer(), nullptr, nullptr, TRUE,
-                        CREATE_NO_WINDOW | NORMAL_PRIORITY_CLASS, nullptr, nullptr, &start, &made))
+    if (!CreateWorker(commandLine, start, made))
         return Fail(slot, L"Error running Millworker");
     link.process.Reset(made.hProcess);
     link.thread.Reset(made.hThread);

@@ -45,7 +45,7 @@ Windows Registry Editor Version 5.00
 REG
 cd "${TM_PROGRAM_FOLDER:-$root/build/Tonemill}" || exit 1
 tm_with_home wine regedit /S 'C:\tonemill-job\recipe.reg' </dev/null >/dev/null 2>&1
-HOME=$tm_wine/home wine Tonemill.exe -list_to_conv 'C:\tonemill-job\list.txt' -conv_to_format Wave \
+HOME=$tm_wine/home $tm_fixed wine Tonemill.exe -list_to_conv 'C:\tonemill-job\list.txt' -conv_to_format Wave \
     -skip_ready_to_conv </dev/null >/dev/null 2>&1 9>&- &
 program=$!
 
