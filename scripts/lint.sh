@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Rules that no compiler checks, told as file:line. Portable sources must not touch what takes
+# Rules that no compiler checks, told as file:line, and the format. Portable sources must not touch what takes
 # wchar_t for 4 bytes natively, nor the system; and every source is built by somebody.
 cd "$(dirname "$0")/.." || exit 2
 found=0
@@ -65,6 +65,8 @@ printf '%s\n' "$portable" | grep -v '^tests/' | report 'no choice of system in l
 # Documents that the tree doesn't hold, and paths of one machine.
 all_files | grep -vx 'scripts/lint.sh' |
     report 'names what is not here' '\bspec\.md\b|\bParts? [1-8]\.[0-9]\b|\b[Tt]he specification\b|(^|[\s"=:(])/(work|farm)/\w'
+
+all_files '*.cpp' '*.h' | xargs -d '\n' clang-format-14 --dry-run -Werror || found=1
 
 # A source that no list names is built by nobody.
 while read -r file; do

@@ -1,8 +1,9 @@
-// Text tags by TagLib. This file keeps TagLib's headers away from the others.
+// Tags by TagLib. This file keeps TagLib's headers away from the others.
 #include "foundation/XPath.h"
 #include "plugins/common/TagKeys.h"
 #include "plugins/decoder/FileMarks.h"
 #include "plugins/decoder/Id3Frames.h"
+#include "plugins/decoder/TagLibPictures.h"
 #include "plugins/decoder/Tags.h"
 
 #include <taglib/aifffile.h>
@@ -104,13 +105,14 @@ void AddMissing(const TagLib::Tag* further, XTagList& tags, TagFacts& facts) {
     tags.Merge(list);
 }
 
-bool AddAll(const XString& path, XTagList& tags, TagFacts& facts) {
+bool AddAll(const XString& path, XTagList& tags, XTagList& pictures, TagFacts& facts) {
     const XString prefixed = LongPath(path, longFileLimit);
     MendedFile stream(prefixed);
     const TagLib::FileRef file(&stream, false);
     if (file.isNull() || !file.file() || !file.file()->isValid())
         return false;
     LearnFacts(*file.file(), facts);
+    ListTagLibPictures(*file.file(), pictures);
     const TagLib::PropertyMap map = file.file()->properties();
     AddProperties(map, tags, facts);
     if (auto* mpeg = dynamic_cast<TagLib::MPEG::File*>(file.file())) {
@@ -124,11 +126,12 @@ bool AddAll(const XString& path, XTagList& tags, TagFacts& facts) {
 } // namespace
 
 // A damaged tag costs the tags, not the audio.
-bool AddTagLibTags(const XString& path, XTagList& tags, TagFacts& facts) {
+bool AddTagLibTags(const XString& path, XTagList& tags, XTagList& pictures, TagFacts& facts) {
     try {
-        return AddAll(path, tags, facts);
+        return AddAll(path, tags, pictures, facts);
     } catch (...) {
         tags.Clear();
+        pictures.Clear();
         facts.unread = {};
         return false;
     }

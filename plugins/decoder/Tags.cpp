@@ -3,6 +3,7 @@
 #include "plugins/common/TagKeys.h"
 #include "plugins/decoder/AudioStream.h"
 #include "plugins/decoder/OpusGainTags.h"
+#include "plugins/decoder/TagLibPictures.h"
 
 #include <cstring>
 #include <windows.h>
@@ -14,8 +15,6 @@ extern "C" {
 
 namespace {
 
-// Larger pictures are no cover art, and an image's sizes are 32 bits.
-constexpr int mostPictureBytes = 64 * 1024 * 1024;
 constexpr int fullDictionary = 1024; // where our build of FFmpeg ends adding names
 
 void AddDictionary(const AVDictionary* dictionary, XTagList& tags, TagFacts& facts) {
@@ -120,8 +119,9 @@ void TakeTag(const XString& key, const XString& text, XTagList& tags, TagFacts& 
 
 TagFacts CollectTags(const AudioStream& source, const XString& path, XTagList& tags) {
     TagFacts facts;
+    XTagList pictures;
     const AVDictionaryEntry* date = av_dict_get(source.Container()->metadata, "date", nullptr, 0);
-    if (!AddTagLibTags(path, tags, facts)) {
+    if (!AddTagLibTags(path, tags, pictures, facts)) {
         AddDictionary(source.Container()->metadata, tags, facts);
         AddDictionary(source.Stream()->metadata, tags, facts); // Ogg keeps its comments at the stream
     } else if (date && !tags.Get(L"year").IsEmpty() && FromUtf8(date->value).StartsWith(tags.Get(L"year")) &&
@@ -132,5 +132,6 @@ TagFacts CollectTags(const AudioStream& source, const XString& path, XTagList& t
         TurnFromOpusGains(tags);
     JoinTotals(tags);
     AddPictures(*source.Container(), tags, facts);
+    AddFurtherPictures(pictures, tags);
     return facts;
 }

@@ -14,11 +14,12 @@ struct TagFacts {
 };
 
 // Tags come from TagLib where it reads the format, since it keeps several values of one key apart, else
-// from the container; pictures always from the container.
+// from the container; pictures from the container, and those that it leaves out from TagLib.
 TagFacts CollectTags(const AudioStream& source, const XString& path, XTagList& tags);
 
-// Adds what TagLib finds; false if it doesn't read this file, fails on it or finds nothing.
-[[nodiscard]] bool AddTagLibTags(const XString& path, XTagList& tags, TagFacts& facts);
+// Adds what TagLib finds; false if it doesn't read this file, fails on it or finds no texts. Pictures go into
+// a list of their own.
+[[nodiscard]] bool AddTagLibTags(const XString& path, XTagList& tags, XTagList& pictures, TagFacts& facts);
 // AddTag (TagKeys.h), noting what found no room.
 void TakeTag(const XString& key, const XString& text, XTagList& tags, TagFacts& facts);
 

@@ -1,8 +1,8 @@
 // The lists of a batch's results and errors as effects read them.
 #include "engine/BatchEnd.h"
 
-#include <map>
 #include <string_view>
+#include <unordered_map>
 
 namespace {
 
@@ -12,8 +12,10 @@ XString RowHead(std::int64_t index) {
     return L"file" + DecimalText(index + 1) + L"_";
 }
 
-std::wstring_view View(const XString& text) {
-    return {text.Text(), static_cast<std::size_t>(text.Count())};
+// As long as the text lives.
+std::string_view BytesOf(const XString& text) {
+    return {reinterpret_cast<const char*>(text.Text()),
+            static_cast<std::size_t>(text.Count()) * sizeof(wchar_t)};
 }
 
 void AddErrors(XString& text, const XStringArray& lines) {
@@ -41,11 +43,11 @@ void FillResultList(const XArray<clBatchResult>& results, XTagList& list) {
 }
 
 void FillErrorList(const XArray<clBatchResult>& results, const XArray<clLogEntry>& errorLog, XTagList& list) {
-    std::map<std::wstring_view, XString> errors;
+    std::unordered_map<std::string_view, XString> errors;
     for (const clLogEntry& entry : errorLog)
-        AddErrors(errors[View(entry.source)], entry.lines);
+        AddErrors(errors[BytesOf(entry.source)], entry.lines);
     for (std::int64_t i = 0; i < results.Count(); ++i) {
-        const auto found = errors.find(View(results[i].source));
+        const auto found = errors.find(BytesOf(results[i].source));
         if (found != errors.end())
             list.Add(RowHead(i) + L"errors", found->second);
     }

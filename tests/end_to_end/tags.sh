@@ -37,5 +37,52 @@ for text in COMMENT:one:two LYRICS:la:la:la; do # of several lines, and still on
     [ "$(metaflac --show-tag="${text%%:*}" "$same")" = "$(printf %s "${text/:/=}" | tr : '\n')" ] ||
         fail "$(metaflac --show-tag="${text%%:*}" "$same")"
 done
+# Covers whose kind stands there in unusual words, or not at all.
+mkdir "$work/covers"
+for ending in mp3 m4a wma wv ogg flac; do ffmpeg -v error -i "$work/tone.wav" "$work/tone.$ending"; done
+/usr/bin/python3 - "$work" <<'PYTHON'
+import base64, shutil, struct, sys
+from mutagen.apev2 import APEv2, APEBinaryValue
+from mutagen.asf import ASF, ASFByteArrayAttribute
+from mutagen.flac import FLAC, Picture
+from mutagen.id3 import APIC, ID3
+from mutagen.mp4 import MP4, MP4Cover
+from mutagen.oggvorbis import OggVorbis
+work = sys.argv[1]
+cover = open(work + '/cover.jpg', 'rb').read()
+def copy(name, ending):
+    return shutil.copy(f'{work}/tone.{ending}', f'{work}/covers/{name}.{ending}')
+def picture(mime):
+    block = Picture()
+    block.type, block.mime, block.data = 3, mime, cover
+    return block
+for name, mime in ('id3-none', ''), ('id3-half', 'image/'), ('id3-old', 'image/pjpeg'), ('id3-usual', 'image/jpeg'):
+    tag = ID3()
+    tag.add(APIC(3, mime, 3, 'd', cover))
+    tag.save(copy(name, 'mp3'))
+mp4 = MP4(copy('mp4-none', 'm4a'))
+mp4['covr'] = [MP4Cover(cover, 0)]
+mp4.save()
+flac = FLAC(copy('flac-old', 'flac'))
+flac.add_picture(picture('image/pjpeg'))
+flac.save()
+ogg = OggVorbis(copy('ogg-none', 'ogg'))
+ogg['metadata_block_picture'] = [base64.b64encode(picture('').write()).decode()]
+ogg.save()
+asf = ASF(copy('asf-old', 'wma'))
+texts = 'image/pjpeg\0d\0'.encode('utf-16-le')
+asf['WM/Picture'] = [ASFByteArrayAttribute(struct.pack('<bi', 3, len(cover)) + texts + cover)]
+asf.save()
+ape = APEv2()
+ape['Cover Art (Front)'] = APEBinaryValue(b'\0' + cover)
+ape.save(copy('ape-none', 'wv'))
+PYTHON
+convert --to FLAC --out "$work/covered" "$work"/covers/*
+expect_converted 9 0
+for flac in "$work"/covered/*.flac; do
+    metaflac --export-picture-to="$work/back.jpg" "$flac"
+    cmp "$work/cover.jpg" "$work/back.jpg" || fail "the cover of $flac"
+    [ "$(metaflac --list --block-type=PICTURE "$flac" | grep -c 'type: 6')" = 1 ] || fail "covers of $flac"
+done
 [ "$(metaflac --show-tag=DATE "$same")" = "DATE=1999-05-01" ] || fail "$(metaflac --show-tag=DATE "$same")"
 finish
