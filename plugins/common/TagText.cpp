@@ -39,6 +39,13 @@ const TagName* FindTagName(const wchar_t* key) noexcept {
     return nullptr;
 }
 
+const TagName* FindInfoName(const char* info) noexcept {
+    for (const TagName& row : tagNames)
+        if (row.info && std::strcmp(row.info, info) == 0)
+            return &row;
+    return nullptr;
+}
+
 XString ValidText(const XString& text) {
     constexpr wchar_t replacement = 0xFFFD;
     XString valid = text;

@@ -14,6 +14,8 @@ struct TagName {
 };
 [[nodiscard]] const TagName* FindTagName(const wchar_t* key) noexcept; // null for keys of other sources
 
+[[nodiscard]] const TagName* FindInfoName(const char* info) noexcept; // by the RIFF INFO chunk
+
 // Halves of surrogate pairs and noncharacters, which some formats refuse, become U+FFFD.
 [[nodiscard]] XString ValidText(const XString& text);
 [[nodiscard]] std::string ToUtf8(const wchar_t* text); // of valid text

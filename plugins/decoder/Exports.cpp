@@ -14,6 +14,7 @@ extern "C" {
 namespace {
 
 constexpr wchar_t description[] = L"FFmpeg audio formats";
+constexpr wchar_t leftOutText[] = L"Not carried over from the source: ";
 
 class Decoder {
 public:
@@ -24,7 +25,7 @@ public:
 
     AudioStream stream;
     XString error;
-    XString unreadTags;
+    XString tagInformation;
     XString information; // the answer to the last question for it
 
 private:
@@ -46,7 +47,9 @@ bool Decoder::Open(DecoderOpenBlock& block) {
     if (block.wanted != ztOpenAll)
         return true;
     const TagFacts facts = CollectTags(stream, path, tags);
-    unreadTags = facts.unread.Text();
+    tagInformation = facts.unread.Text();
+    if (!facts.leftOut.IsEmpty())
+        tagInformation += (tagInformation.IsEmpty() ? L"" : L"\n") + (leftOutText + facts.leftOut);
     CollectProperties(stream, path, facts, tags.Count() > 0, properties);
     if (tags.Count() > 0 && tags.Serialize(tagImage)) {
         block.tagData = tagImage.data;
@@ -65,7 +68,7 @@ void Decoder::Close() noexcept {
     properties.Clear();
     tagImage.Free();
     propertyImage.Free();
-    unreadTags.Clear();
+    tagInformation.Clear();
 }
 
 bool Decoder::DeleteTag(const wchar_t* key) {
@@ -99,8 +102,8 @@ std::int32_t Decoder::Get(const wchar_t* key, PluginParams& parameters) {
     }
     if (name == ZtKey::information) {
         information = stream.DamageText();
-        if (!unreadTags.IsEmpty())
-            information.Extend(information.IsEmpty() ? unreadTags : L"\n" + unreadTags);
+        if (!tagInformation.IsEmpty())
+            information.Extend(information.IsEmpty() ? tagInformation : L"\n" + tagInformation);
         parameters.text1 = information;
         return information.IsEmpty() ? 0 : 1;
     }

@@ -1,11 +1,10 @@
 #include "plugins/decoder/TagLibPictures.h"
 
 #include "plugins/common/TagText.h"
+#include "plugins/decoder/TagLibKinds.h"
 
 #include <cstring>
 
-#include <taglib/aifffile.h>
-#include <taglib/apefile.h>
 #include <taglib/apetag.h>
 #include <taglib/asffile.h>
 #include <taglib/asfpicture.h>
@@ -14,11 +13,6 @@
 #include <taglib/id3v2tag.h>
 #include <taglib/mp4coverart.h>
 #include <taglib/mp4file.h>
-#include <taglib/mpcfile.h>
-#include <taglib/mpegfile.h>
-#include <taglib/trueaudiofile.h>
-#include <taglib/wavfile.h>
-#include <taglib/wavpackfile.h>
 #include <taglib/xiphcomment.h>
 
 namespace {
@@ -117,30 +111,16 @@ bool HasPicture(const XTagList& tags, const XBuffer& blob) {
 } // namespace
 
 void ListTagLibPictures(TagLib::File& file, XTagList& pictures) {
-    if (auto* mpeg = dynamic_cast<TagLib::MPEG::File*>(&file)) {
-        AddFrames(mpeg->ID3v2Tag(), pictures);
-        AddItems(mpeg->APETag(), pictures);
-    } else if (auto* flac = dynamic_cast<TagLib::FLAC::File*>(&file)) {
+    AddFrames(Id3v2TagOf(file), pictures);
+    AddItems(ApeTagOf(file), pictures);
+    if (auto* flac = dynamic_cast<TagLib::FLAC::File*>(&file))
         AddBlocks(flac->pictureList(), pictures);
-    } else if (auto* comments = dynamic_cast<TagLib::Ogg::XiphComment*>(file.tag())) {
+    else if (auto* comments = dynamic_cast<TagLib::Ogg::XiphComment*>(file.tag()))
         AddBlocks(comments->pictureList(), pictures);
-    } else if (const auto* mp4 = dynamic_cast<const TagLib::MP4::File*>(&file)) {
+    else if (const auto* mp4 = dynamic_cast<const TagLib::MP4::File*>(&file))
         AddCovers(mp4->tag(), pictures);
-    } else if (const auto* asf = dynamic_cast<const TagLib::ASF::File*>(&file)) {
+    else if (const auto* asf = dynamic_cast<const TagLib::ASF::File*>(&file))
         AddAttributes(asf->tag(), pictures);
-    } else if (const auto* wave = dynamic_cast<const TagLib::RIFF::WAV::File*>(&file)) {
-        AddFrames(wave->ID3v2Tag(), pictures);
-    } else if (const auto* aiff = dynamic_cast<const TagLib::RIFF::AIFF::File*>(&file)) {
-        AddFrames(aiff->tag(), pictures);
-    } else if (auto* trueAudio = dynamic_cast<TagLib::TrueAudio::File*>(&file)) {
-        AddFrames(trueAudio->ID3v2Tag(), pictures);
-    } else if (auto* wavPack = dynamic_cast<TagLib::WavPack::File*>(&file)) {
-        AddItems(wavPack->APETag(), pictures);
-    } else if (auto* monkey = dynamic_cast<TagLib::APE::File*>(&file)) {
-        AddItems(monkey->APETag(), pictures);
-    } else if (auto* musepack = dynamic_cast<TagLib::MPC::File*>(&file)) {
-        AddItems(musepack->APETag(), pictures);
-    }
 }
 
 void AddFurtherPictures(const XTagList& further, XTagList& tags) {

@@ -1,10 +1,14 @@
 // Tags by TagLib. This file keeps TagLib's headers away from the others.
 #include "foundation/XPath.h"
 #include "plugins/common/TagKeys.h"
+#include "plugins/common/TagText.h"
 #include "plugins/decoder/FileMarks.h"
 #include "plugins/decoder/Id3Frames.h"
+#include "plugins/decoder/TagLibKinds.h"
 #include "plugins/decoder/TagLibPictures.h"
 #include "plugins/decoder/Tags.h"
+
+#include <string>
 
 #include <taglib/aifffile.h>
 #include <taglib/apetag.h>
@@ -14,8 +18,10 @@
 #include <taglib/id3v1tag.h>
 #include <taglib/id3v2header.h>
 #include <taglib/id3v2tag.h>
+#include <taglib/infotag.h>
 #include <taglib/mp4file.h>
 #include <taglib/mpegfile.h>
+#include <taglib/popularimeterframe.h>
 #include <taglib/tfilestream.h>
 #include <taglib/tpropertymap.h>
 #include <taglib/wavfile.h>
@@ -74,14 +80,12 @@ void LearnFacts(TagLib::File& file, TagFacts& facts) {
         facts.vendor = ToText(comments->vendorID());
         if (!comments->isEmpty())
             AddTagKind(facts.kinds, L"Vorbis comments");
-    } else if (const auto* wave = dynamic_cast<const TagLib::RIFF::WAV::File*>(&file)) {
-        if (wave->hasID3v2Tag())
-            AddId3Kind(wave->ID3v2Tag(), facts.kinds);
-        if (wave->hasInfoTag())
+    } else if (dynamic_cast<const TagLib::RIFF::WAV::File*>(&file)) {
+        AddId3Kind(Id3v2TagOf(file), facts.kinds);
+        if (InfoTagOf(file))
             AddTagKind(facts.kinds, L"RIFF INFO");
-    } else if (const auto* aiff = dynamic_cast<const TagLib::RIFF::AIFF::File*>(&file)) {
-        if (aiff->hasID3v2Tag())
-            AddId3Kind(aiff->tag(), facts.kinds);
+    } else if (dynamic_cast<const TagLib::RIFF::AIFF::File*>(&file)) {
+        AddId3Kind(Id3v2TagOf(file), facts.kinds);
     } else if (const auto* mp4 = dynamic_cast<const TagLib::MP4::File*>(&file)) {
         if (mp4->hasMP4Tag())
             AddTagKind(facts.kinds, L"MP4");
@@ -96,13 +100,41 @@ void AddProperties(const TagLib::PropertyMap& map, XTagList& tags, TagFacts& fac
             TakeTag(ToText(key), ToText(value), tags, facts);
 }
 
-// What further tags of an mp3 file tell beyond the first, from which alone TagLib takes its properties.
+// What a further tag tells beyond the first, from which alone TagLib takes its properties.
 void AddMissing(const TagLib::Tag* further, XTagList& tags, TagFacts& facts) {
+    if (!further)
+        return;
     XTagList list;
-    if (further)
-        AddProperties(further->properties(), list, facts);
+    AddProperties(further->properties(), list, facts);
     JoinTotals(list);
     tags.Merge(list);
+}
+
+// Of an INFO list TagLib's properties are a few; chunks of unknown names keep those.
+void AddInfo(const TagLib::RIFF::Info::Tag* info, XTagList& tags, TagFacts& facts) {
+    if (!info)
+        return;
+    XTagList list;
+    for (const auto& [id, value] : info->fieldListMap()) {
+        const std::string chunk(id.data(), id.size());
+        const TagName* known = FindInfoName(chunk == "ITRK" ? "IPRT" : chunk.c_str());
+        if (chunk != "ISFT") // the program that wrote the file
+            TakeTag(known ? XString(known->key) : XString(chunk.c_str()), ToText(value), list, facts);
+    }
+    tags.Merge(list);
+}
+
+// What only this kind of tag knows how to tell; players' own notes are nobody's loss.
+void NameLeftOut(const TagLib::ID3v2::Tag* tag, TagFacts& facts) {
+    if (!tag)
+        return;
+    for (const TagLib::ID3v2::Frame* frame : tag->frameList("POPM")) {
+        const auto* opinion = dynamic_cast<const TagLib::ID3v2::PopularimeterFrame*>(frame);
+        if (opinion && opinion->rating() > 0)
+            facts.leftOut = L"rating";
+    }
+    if (!tag->frameList("SYLT").isEmpty())
+        facts.leftOut += facts.leftOut.IsEmpty() ? L"synchronised lyrics" : L", synchronised lyrics";
 }
 
 bool AddAll(const XString& path, XTagList& tags, XTagList& pictures, TagFacts& facts) {
@@ -115,10 +147,13 @@ bool AddAll(const XString& path, XTagList& tags, XTagList& pictures, TagFacts& f
     ListTagLibPictures(*file.file(), pictures);
     const TagLib::PropertyMap map = file.file()->properties();
     AddProperties(map, tags, facts);
-    if (auto* mpeg = dynamic_cast<TagLib::MPEG::File*>(file.file())) {
-        AddMissing(mpeg->APETag(), tags, facts);
-        AddMissing(mpeg->ID3v1Tag(), tags, facts);
-    }
+    AddInfo(InfoTagOf(*file.file()), tags, facts);
+    if (dynamic_cast<TagLib::MPEG::File*>(file.file()))
+        AddMissing(ApeTagOf(*file.file()), tags, facts);
+    if (dynamic_cast<TagLib::FLAC::File*>(file.file()))
+        AddMissing(Id3v2TagOf(*file.file()), tags, facts);
+    AddMissing(Id3v1TagOf(*file.file()), tags, facts);
+    NameLeftOut(Id3v2TagOf(*file.file()), facts);
     if (const auto* mp4 = dynamic_cast<const TagLib::MP4::File*>(file.file()))
         AddFreeItems(*mp4, map.unsupportedData(), tags, facts);
     return tags.Count() > 0;

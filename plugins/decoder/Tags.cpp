@@ -76,6 +76,14 @@ const wchar_t* MimeType(AVCodecID id) {
     }
 }
 
+// Ogg files have theirs in comments, which travel.
+bool HasChapters(const XTagList& tags) {
+    for (std::int64_t i = 0; i < tags.Count(); ++i)
+        if (tags[i].key.Lower().StartsWith(L"chapter"))
+            return true;
+    return false;
+}
+
 void AddPictures(const AVFormatContext& container, XTagList& tags, TagFacts& facts) {
     for (unsigned i = 0; i < container.nb_streams; ++i) {
         const AVStream& picture = *container.streams[i];
@@ -133,5 +141,7 @@ TagFacts CollectTags(const AudioStream& source, const XString& path, XTagList& t
     JoinTotals(tags);
     AddPictures(*source.Container(), tags, facts);
     AddFurtherPictures(pictures, tags);
+    if (source.Container()->nb_chapters > 1 && !HasChapters(tags))
+        facts.leftOut += facts.leftOut.IsEmpty() ? L"chapters" : L", chapters";
     return facts;
 }

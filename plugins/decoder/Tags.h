@@ -8,8 +8,9 @@ class AudioStream;
 
 // What reading the tags tells of a file besides them.
 struct TagFacts {
-    XString kinds;  // of tags that stand inside the file's own structure, "Vorbis comments"
-    XString vendor; // the encoder, as Vorbis comments name it
+    XString kinds;   // of tags that stand inside the file's own structure, "Vorbis comments"
+    XString vendor;  // the encoder, as Vorbis comments name it
+    XString leftOut; // what the source holds and the contract's list has no place for: "rating, chapters"
     UnreadTags unread;
 };
 

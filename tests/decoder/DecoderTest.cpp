@@ -3,6 +3,7 @@
 #include "contract/Keys.h"
 #include "foundation/XArray.h"
 #include "foundation/XFile.h"
+#include "foundation/XTagList.h"
 #include "foundation/XTempFile.h"
 #include "host/clZtDecoder.h"
 
@@ -220,6 +221,39 @@ TEST_F(DecoderLibrary, TellsWhatIsDamaged) {
     }
     EXPECT_FALSE(Open(L"C:\\no\\such\\file.wav"));
     EXPECT_TRUE(LastError().Find(L"does not exist"));
+}
+
+// Two kinds of tags side by side, a cover of an unusual kind, and what has no place in the list.
+TEST_F(DecoderLibrary, JoinsTagsAndNamesWhatStaysBehind) {
+    using namespace std::string_literals;
+    const auto chunk = [](const std::string& id, const std::string& content) {
+        std::string bytes = id;
+        Put(bytes, static_cast<std::uint32_t>(content.size()), 4);
+        return bytes + content + std::string(content.size() % 2, '\0');
+    };
+    const auto frame = [](const std::string& id, const std::string& content) { // below 128 bytes
+        return id + "\0\0\0"s + static_cast<char>(content.size()) + "\0\0"s + content;
+    };
+    const std::string frames = frame("TIT2", "\0Song"s) + frame("POPM", "me\0\xC4"s) +
+                               frame("APIC", "\0image/pjpeg\0\3\0\xFF\xD8\xFF\xE0"s);
+    std::string bytes = WaveBytes({16, false, 2, 100, 1}) +
+                        chunk("LIST", "INFO" + chunk("IART", "Band\0"s) + chunk("INAM", "Other\0"s) +
+                                          chunk("ICOP", "Us\0"s)) +
+                        chunk("id3 ", "ID3\3\0\0\0\0\0"s + static_cast<char>(frames.size()) + frames);
+    const auto size = static_cast<std::uint32_t>(bytes.size() - 8);
+    std::memcpy(&bytes[4], &size, sizeof size);
+    const Source source(bytes);
+    ASSERT_TRUE(Open(source.Path(), ztOpenAll));
+    XTagList tags;
+    tags.Deserialize(open.tagData, open.tagDataSize);
+    EXPECT_EQ(tags.Get(L"title"), XString(L"Song"));
+    EXPECT_EQ(tags.Get(L"artist"), XString(L"Band"));
+    EXPECT_EQ(tags.Get(L"copyright"), XString(L"Us"));
+    EXPECT_EQ(tags.Get(L"picture"), XString(L"3;image/jpeg;"));
+    DecodeAll(1000);
+    PluginParams parameters{};
+    ASSERT_TRUE(decoder.Get(decoder.instance, ZtKey::information, &parameters));
+    EXPECT_EQ(XString(parameters.text1), XString(L"Not carried over from the source: rating"));
 }
 
 TEST_F(DecoderLibrary, ClaimsEachExtensionOnce) {
