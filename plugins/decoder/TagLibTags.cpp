@@ -6,6 +6,7 @@
 #include "plugins/decoder/Id3Frames.h"
 #include "plugins/decoder/TagLibKinds.h"
 #include "plugins/decoder/TagLibPictures.h"
+#include "plugins/decoder/TagLibRest.h"
 #include "plugins/decoder/Tags.h"
 
 #include <string>
@@ -53,17 +54,6 @@ private:
 // What TagLib hands out lives only as long as its own string.
 XString ToText(const TagLib::String& text) {
     return XString(text.toCWString());
-}
-
-// Items of M4A files that bring their own name, which TagLib's list of properties leaves out.
-void AddFreeItems(const TagLib::MP4::File& file, const TagLib::StringList& names, XTagList& tags,
-                  TagFacts& facts) {
-    for (const TagLib::String& name : names)
-        if (name.startsWith("----:") && file.tag()) {
-            const XString whole = ToText(name);
-            for (const TagLib::String& value : file.tag()->item(name).toStringList())
-                TakeTag(whole.From(whole.FindChar(L':', 6) + 1), ToText(value), tags, facts);
-        }
 }
 
 void AddId3Kind(const TagLib::ID3v2::Tag* tag, XString& kinds) {
@@ -154,8 +144,7 @@ bool AddAll(const XString& path, XTagList& tags, XTagList& pictures, TagFacts& f
         AddMissing(Id3v2TagOf(*file.file()), tags, facts);
     AddMissing(Id3v1TagOf(*file.file()), tags, facts);
     NameLeftOut(Id3v2TagOf(*file.file()), facts);
-    if (const auto* mp4 = dynamic_cast<const TagLib::MP4::File*>(file.file()))
-        AddFreeItems(*mp4, map.unsupportedData(), tags, facts);
+    AddRestOfTags(*file.file(), map.unsupportedData(), tags, facts);
     return tags.Count() > 0;
 }
 } // namespace

@@ -37,7 +37,7 @@ for text in COMMENT:one:two LYRICS:la:la:la; do # of several lines, and still on
     [ "$(metaflac --show-tag="${text%%:*}" "$same")" = "$(printf %s "${text/:/=}" | tr : '\n')" ] ||
         fail "$(metaflac --show-tag="${text%%:*}" "$same")"
 done
-# Covers whose kind stands there in unusual words, or not at all.
+# Covers whose kind stands there in unusual words, or not at all; and texts beyond those that everybody reads.
 mkdir "$work/covers"
 for ending in mp3 m4a wma wv ogg flac; do ffmpeg -v error -i "$work/tone.wav" "$work/tone.$ending"; done
 /usr/bin/python3 - "$work" <<'PYTHON'
@@ -45,7 +45,7 @@ import base64, shutil, struct, sys
 from mutagen.apev2 import APEv2, APEBinaryValue
 from mutagen.asf import ASF, ASFByteArrayAttribute
 from mutagen.flac import FLAC, Picture
-from mutagen.id3 import APIC, ID3
+from mutagen.id3 import APIC, ID3, TIPL
 from mutagen.mp4 import MP4, MP4Cover
 from mutagen.oggvorbis import OggVorbis
 work = sys.argv[1]
@@ -59,9 +59,11 @@ def picture(mime):
 for name, mime in ('id3-none', ''), ('id3-half', 'image/'), ('id3-old', 'image/pjpeg'), ('id3-usual', 'image/jpeg'):
     tag = ID3()
     tag.add(APIC(3, mime, 3, 'd', cover))
+    tag.add(TIPL(3, [['producer', 'Pro'], ['mix', 'Mixer']]))
     tag.save(copy(name, 'mp3'))
 mp4 = MP4(copy('mp4-none', 'm4a'))
 mp4['covr'] = [MP4Cover(cover, 0)]
+mp4['ldes'], mp4['\xa9nrt'], mp4['----:com.apple.iTunes:Own'] = 'Long', 'Reader', [b'free']
 mp4.save()
 flac = FLAC(copy('flac-old', 'flac'))
 flac.add_picture(picture('image/pjpeg'))
@@ -72,6 +74,7 @@ ogg.save()
 asf = ASF(copy('asf-old', 'wma'))
 texts = 'image/pjpeg\0d\0'.encode('utf-16-le')
 asf['WM/Picture'] = [ASFByteArrayAttribute(struct.pack('<bi', 3, len(cover)) + texts + cover)]
+asf['Author'], asf['Own'] = ['First', 'Second'], ['free']
 asf.save()
 ape = APEv2()
 ape['Cover Art (Front)'] = APEBinaryValue(b'\0' + cover)
@@ -84,5 +87,13 @@ for flac in "$work"/covered/*.flac; do
     cmp "$work/cover.jpg" "$work/back.jpg" || fail "the cover of $flac"
     [ "$(metaflac --list --block-type=PICTURE "$flac" | grep -c 'type: 6')" = 1 ] || fail "covers of $flac"
 done
+expect_all() { # FILE TAGS, sorted
+    local tags
+    tags=$(metaflac --export-tags-to=- "$work/covered/$1.flac" | sort | paste -sd '|')
+    [ "$tags" = "$2" ] || fail "$1 has $tags"
+}
+expect_all id3-usual 'MIXER=Mixer|PRODUCER=Pro'
+expect_all mp4-none 'NARRATOR=Reader|OWN=free|SYNOPSIS=Long'
+expect_all asf-old 'ARTIST=First|ARTIST=Second|OWN=free'
 [ "$(metaflac --show-tag=DATE "$same")" = "DATE=1999-05-01" ] || fail "$(metaflac --show-tag=DATE "$same")"
 finish
