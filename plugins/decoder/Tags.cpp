@@ -26,6 +26,19 @@ void AddDictionary(const AVDictionary* dictionary, XTagList& tags, TagFacts& fac
         facts.unread.AddUnnamed();
 }
 
+// What the chunk of broadcast waves, which TagLib doesn't read, tells beyond other tags.
+void AddBroadcastChunk(const AVFormatContext& container, XTagList& tags, TagFacts& facts) {
+    static constexpr const char* names[] = {"comment",        "date", "originator_reference",
+                                            "time_reference", "umid", "coding_history"};
+    if (std::strcmp(container.iformat->name, "wav") != 0)
+        return;
+    XTagList list;
+    for (const char* name : names)
+        if (const AVDictionaryEntry* entry = av_dict_get(container.metadata, name, nullptr, 0))
+            TakeTag(FromUtf8(name), FromUtf8(entry->value), list, facts);
+    tags.Merge(list);
+}
+
 // Names of the picture types of ID3v2, as FFmpeg writes them into a picture stream's comment.
 int PictureType(const char* name) {
     static constexpr const char* names[] = {
@@ -132,9 +145,11 @@ TagFacts CollectTags(const AudioStream& source, const XString& path, XTagList& t
     if (!AddTagLibTags(path, tags, pictures, facts)) {
         AddDictionary(source.Container()->metadata, tags, facts);
         AddDictionary(source.Stream()->metadata, tags, facts); // Ogg keeps its comments at the stream
-    } else if (date && !tags.Get(L"year").IsEmpty() && FromUtf8(date->value).StartsWith(tags.Get(L"year")) &&
-               !std::strchr(date->value, ';')) {      // of Vorbis comments: several dates
-        AddTag(tags, L"date", FromUtf8(date->value)); // TagLib leaves out the day in old ID3 tags
+    } else {
+        AddBroadcastChunk(*source.Container(), tags, facts);
+        if (date && !tags.Get(L"year").IsEmpty() && FromUtf8(date->value).StartsWith(tags.Get(L"year")) &&
+            !std::strchr(date->value, ';'))               // of Vorbis comments: several dates
+            AddTag(tags, L"date", FromUtf8(date->value)); // TagLib leaves out the day in old ID3 tags
     }
     if (source.Stream()->codecpar->codec_id == AV_CODEC_ID_OPUS)
         TurnFromOpusGains(tags);
