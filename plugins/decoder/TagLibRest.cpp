@@ -57,7 +57,7 @@ void AddAttributes(const TagLib::ASF::Tag& tag, const TagLib::StringList& names,
     static constexpr const char* technical[] = {"WMFSDK",  "WM/WM",       "WM/Provider",      "WM/Unique",
                                                 "WM/Tool", "WM/Encoding", "DeviceConformance"};
     if (names.contains("WM/SharedUserRating"))
-        facts.leftOut = L"rating";
+        AddLeftOut(facts, L"rating");
     for (const auto& [name, attributes] : tag.attributeListMap()) {
         bool isWanted = name == "Author"; // those beyond the first, which has a field of its own
         if (names.contains(name)) {

@@ -118,13 +118,15 @@ void AddInfo(const TagLib::RIFF::Info::Tag* info, XTagList& tags, TagFacts& fact
 void NameLeftOut(const TagLib::ID3v2::Tag* tag, TagFacts& facts) {
     if (!tag)
         return;
+    bool isRated = false;
     for (const TagLib::ID3v2::Frame* frame : tag->frameList("POPM")) {
         const auto* opinion = dynamic_cast<const TagLib::ID3v2::PopularimeterFrame*>(frame);
-        if (opinion && opinion->rating() > 0)
-            facts.leftOut = L"rating";
+        isRated = isRated || (opinion && opinion->rating() > 0);
     }
+    if (isRated)
+        AddLeftOut(facts, L"rating");
     if (!tag->frameList("SYLT").isEmpty())
-        facts.leftOut += facts.leftOut.IsEmpty() ? L"synchronised lyrics" : L", synchronised lyrics";
+        AddLeftOut(facts, L"timed lyrics");
 }
 
 bool AddAll(const XString& path, XTagList& tags, XTagList& pictures, TagFacts& facts) {

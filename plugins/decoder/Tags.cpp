@@ -97,6 +97,13 @@ bool HasChapters(const XTagList& tags) {
     return false;
 }
 
+bool HasMoreAudio(const AVFormatContext& container) {
+    int count = 0;
+    for (unsigned i = 0; i < container.nb_streams; ++i)
+        count += container.streams[i]->codecpar->codec_type == AVMEDIA_TYPE_AUDIO ? 1 : 0;
+    return count > 1;
+}
+
 void AddPictures(const AVFormatContext& container, XTagList& tags, TagFacts& facts) {
     for (unsigned i = 0; i < container.nb_streams; ++i) {
         const AVStream& picture = *container.streams[i];
@@ -122,6 +129,12 @@ void AddPictures(const AVFormatContext& container, XTagList& tags, TagFacts& fac
 }
 
 } // namespace
+
+void AddLeftOut(TagFacts& facts, const wchar_t* what) {
+    if (!facts.leftOut.IsEmpty())
+        facts.leftOut += L", ";
+    facts.leftOut += what;
+}
 
 XString FromUtf8(const char* text) {
     XString result;
@@ -157,6 +170,8 @@ TagFacts CollectTags(const AudioStream& source, const XString& path, XTagList& t
     AddPictures(*source.Container(), tags, facts);
     AddFurtherPictures(pictures, tags);
     if (source.Container()->nb_chapters > 1 && !HasChapters(tags))
-        facts.leftOut += facts.leftOut.IsEmpty() ? L"chapters" : L", chapters";
+        AddLeftOut(facts, L"chapters");
+    if (HasMoreAudio(*source.Container()))
+        AddLeftOut(facts, L"further audio streams");
     return facts;
 }

@@ -21,6 +21,7 @@ TagFacts CollectTags(const AudioStream& source, const XString& path, XTagList& t
 // Adds what TagLib finds; false if it doesn't read this file, fails on it or finds no texts. Pictures go into
 // a list of their own.
 [[nodiscard]] bool AddTagLibTags(const XString& path, XTagList& tags, XTagList& pictures, TagFacts& facts);
+void AddLeftOut(TagFacts& facts, const wchar_t* what);
 // AddTag (TagKeys.h), noting what found no room.
 void TakeTag(const XString& key, const XString& text, XTagList& tags, TagFacts& facts);
 
