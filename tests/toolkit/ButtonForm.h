@@ -65,6 +65,11 @@ public:
         Send(WM_MOUSEMOVE, x);
     }
     void Send(UINT message, int x) { SendMessageW(Hwnd, message, 0, MAKELPARAM(x, 20)); }
+    void Click(int x) {
+        MoveTo(x);
+        Send(WM_LBUTTONDOWN, x);
+        Send(WM_LBUTTONUP, x);
+    }
     void Tick() { SendMessageW(Hwnd, WM_TIMER, Buttons.TimerId, 0); }
     // A key for the window that has the focus, as a modal loop hands it out.
     void Key(UINT message, WPARAM key, LPARAM flags = 0) {

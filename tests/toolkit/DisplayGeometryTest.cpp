@@ -34,16 +34,6 @@ TEST(DisplayGeometry, CoordinatesResolve) {
             << std::hex << row.coordinate << " of " << std::dec << row.size << " in " << row.extent;
 }
 
-TEST(DisplayGeometry, AllBitsOfAMaskMustBeActive) {
-    struct Row {
-        std::uint32_t mask, active;
-        bool passes;
-    };
-    for (const Row& row : {Row{0x21, 0x21, true}, Row{0x21, 0x2B, true}, Row{0x21, 0x2A, false},
-                           Row{0x21, 0x20, false}, Row{0x21, 1, false}, Row{0, 0, true}, Row{0, 7, true}})
-        EXPECT_EQ(PassesMask(row.mask, row.active), row.passes) << row.mask << " under " << row.active;
-}
-
 TEST(DisplayGeometry, ColoursMoveByChannel) {
     struct Row {
         std::uint32_t from, to;

@@ -1,6 +1,7 @@
 // A window that writes down which of its operations ran and with what.
 #pragma once
 
+#include "Place.h"
 #include "toolkit/XWindow.h"
 
 #include <cstddef>
@@ -97,11 +98,7 @@ public:
     void OnOK() override { Note("OnOK"); }
     void OnCancel() override { Note("OnCancel"); }
     void OnAbort() override { Note("OnAbort"); }
-    void OnCloseCommand() override { Note("OnCloseCommand"); }
     void OnHelp() override { Note("OnHelp"); }
-    void OnIgnore() override { Note("OnIgnore"); }
-    void OnNo() override { Note("OnNo"); }
-    void OnRetry() override { Note("OnRetry"); }
     void OnYes() override { Note("OnYes"); }
 
 private:

@@ -1,6 +1,7 @@
 // A window and a dialog with a value list, driven by real messages.
 #pragma once
 
+#include "Place.h"
 #include "toolkit/XValueList.h"
 
 #include <gtest/gtest.h>

@@ -75,20 +75,9 @@ TEST_F(XButtonTest, TicksRepeatAPressAndSeeTheCursorLeave) {
     EXPECT_EQ(first.State, std::uint32_t{buttonNormal});
 }
 
-TEST_F(XButtonTest, PartnerIsTheSameTarget) {
-    first.Partner = &second;
-    form.MoveTo(110);
-    EXPECT_EQ(first.State, std::uint32_t{buttonHovered});
-    EXPECT_EQ(second.State, std::uint32_t{buttonHovered});
-    form.MoveTo(20);
-    EXPECT_EQ(second.State, std::uint32_t{buttonNormal});
-}
-
 TEST_F(XButtonTest, DisabledButtonsAndFormsTakeNothing) {
     first.Enable(false);
-    form.MoveTo(20);
-    form.Send(WM_LBUTTONDOWN, 20);
-    form.Send(WM_LBUTTONUP, 20);
+    form.Click(20);
     SendMessageW(first.Window, BM_CLICK, 0, 0);
     SendMessageW(first.Window, WM_KEYDOWN, VK_SPACE, 0);
     SendMessageW(first.Window, WM_KEYUP, VK_SPACE, 0);
@@ -155,8 +144,7 @@ TEST_F(XButtonTest, MenuOpensOnThePressAndEndsIt) {
     EXPECT_EQ(first.KeyDown, 0);
     first.Menu = nullptr;
     first.MenuId = 32123; // loads nothing: no popup, and no click either
-    form.Send(WM_LBUTTONDOWN, 20);
-    form.Send(WM_LBUTTONUP, 20);
+    form.Click(20);
     EXPECT_EQ(form.Take(), "");
 }
 
@@ -165,9 +153,7 @@ TEST_F(XButtonTest, ClickMayRemoveAllButtonsAndMayNotBeDisturbed) {
         form.Send(WM_LBUTTONDOWN, 110); // while a box would be open
         form.Buttons.Clear();
     };
-    form.MoveTo(20);
-    form.Send(WM_LBUTTONDOWN, 20);
-    form.Send(WM_LBUTTONUP, 20);
+    form.Click(20);
     EXPECT_EQ(form.Take(), "press click ");
     EXPECT_EQ(first.Window, nullptr);
     EXPECT_EQ(FindWindowExW(form.Hwnd, nullptr, L"Static", nullptr), nullptr);
@@ -188,22 +174,14 @@ TEST_F(XButtonTest, ListFacesFollowTheState) {
     for (int i = 0; i < 6; ++i) // the focus overlay covers the left edge alone
         lists[i]->AddFill({.Right = i == 5 ? 1 : anchorFar, .Bottom = anchorFar, .Colour = faceColours[i]});
     form.Add(first, 10, L"");
-    struct Row {
-        std::uint32_t state, toggle;
-        bool enabled;
-        std::uint32_t colour;
-    };
-    constexpr Row rows[] = {
-        {0, 0, true, 0x10}, {1, 0, true, 0x20}, {2, 0, true, 0x30}, {3, 0, true, 0x50}, {0, 0, false, 0x40},
-        {0, 1, true, 0x20}, {1, 1, true, 0x10}, {2, 1, true, 0x50}, {3, 1, true, 0x30}, {0, 1, false, 0x40},
-    };
     SetFocus(first.Window);
-    for (const Row& row : rows) {
-        EnableWindow(first.Window, row.enabled);
-        first.Toggle = row.toggle;
-        first.Draw(nullptr, row.state, true);
-        EXPECT_EQ(GetPixel(first.Screen.Dc, 74, 22), row.colour) << row.state << ' ' << row.toggle;
+    for (const auto& [state, colour] : {std::pair(0u, 0x10u), {1u, 0x20u}, {2u, 0x30u}, {3u, 0x50u}}) {
+        first.Draw(nullptr, state, true);
+        EXPECT_EQ(GetPixel(first.Screen.Dc, 74, 22), colour) << state;
     }
+    EnableWindow(first.Window, FALSE);
+    first.Draw(nullptr, 0, true);
+    EXPECT_EQ(GetPixel(first.Screen.Dc, 74, 22), 0x40u);
     first.Enable(true);
     SetFocus(first.Window);
     for (std::uint8_t shows : {0, 1}) {
@@ -212,9 +190,7 @@ TEST_F(XButtonTest, ListFacesFollowTheState) {
         EXPECT_EQ(GetPixel(first.Screen.Dc, 0, 22), shows ? 0x60u : 0x10u);
     }
     first.onClick = [this] { first.SetToggle(true); };
-    form.MoveTo(20);
-    form.Send(WM_LBUTTONDOWN, 20);
-    form.Send(WM_LBUTTONUP, 20);
+    form.Click(20);
     EXPECT_EQ(GetPixel(first.Screen.Dc, 74, 22), 0x20u); // no hover look before the cursor moves
     form.MoveTo(25);
     EXPECT_EQ(GetPixel(first.Screen.Dc, 74, 22), 0x50u);
@@ -238,18 +214,10 @@ TEST_F(XButtonTest, BitmapFramesFollowTheFlags) {
         FillRect(first.Face.Dc, &frame, static_cast<HBRUSH>(colour.Get()));
         FillRect(first.Face.Dc, &open, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     }
-    const COLORREF back = GetSysColor(COLOR_3DFACE);
-    struct Row {
-        std::uint32_t state;
-        bool enabled;
-        std::uint32_t colour;
-    };
-    for (const Row row :
-         {Row{0, true, 0x10}, {1, true, 0x20}, {2, true, 0x30}, {3, true, 0x20}, {0, false, 0x40}}) {
-        EnableWindow(first.Window, row.enabled);
-        first.Draw(nullptr, row.state, true);
-        EXPECT_EQ(GetPixel(first.Screen.Dc, 6, 4), row.colour) << row.state;
-        EXPECT_EQ(GetPixel(first.Screen.Dc, 2, 4), back) << row.state;
+    for (const auto& [state, colour] : {std::pair(0u, 0x10u), {1u, 0x20u}, {2u, 0x30u}}) {
+        first.Draw(nullptr, state, true);
+        EXPECT_EQ(GetPixel(first.Screen.Dc, 6, 4), colour) << state;
+        EXPECT_EQ(GetPixel(first.Screen.Dc, 2, 4), GetSysColor(COLOR_3DFACE)) << state;
     }
 }
 

@@ -47,10 +47,7 @@ TEST_F(XToolTipTest, ShowsOverItsAnchorAndOnceAVisit) {
     tip.Show({.Anchor = button.Window, .Text = L"Over the button", .Delay = 60, .Hold = 1200});
     form.MoveTo(30);
     ASSERT_TRUE(AwaitShown(true));
-    RECT r{}, anchor{};
-    GetWindowRect(WindowOf(tip), &r);
-    GetWindowRect(button.Window, &anchor);
-    EXPECT_EQ(r.bottom, anchor.top - 2);
+    EXPECT_EQ(PlaceOf(WindowOf(tip)).bottom, PlaceOf(button.Window).top - 2);
     EXPECT_NE(GetForegroundWindow(), WindowOf(tip));
     ASSERT_TRUE(AwaitShown(false)); // timed out
     EXPECT_FALSE(AwaitShown(true, 300));
@@ -74,10 +71,8 @@ TEST_F(XToolTipTest, AreaAndHideAndShowAnew) {
               .Hold = 300,
               .Icon = LoadIconW(nullptr, IDI_WARNING)});
     ASSERT_NE(WindowOf(tip), nullptr); // no wait was needed
-    RECT r{};
-    GetWindowRect(WindowOf(tip), &r);
-    EXPECT_EQ(r.left, 500);
-    EXPECT_EQ(r.bottom, 598);
+    EXPECT_EQ(PlaceOf(WindowOf(tip)).left, 500);
+    EXPECT_EQ(PlaceOf(WindowOf(tip)).bottom, 598);
     ASSERT_TRUE(AwaitShown(false));
     EXPECT_FALSE(AwaitShown(true, 300));
 }
@@ -119,9 +114,7 @@ TEST_F(XToolTipTest, ItemsAreClickedWhileTheFormWaitsForTheTip) {
     tip.Set({.Base = {.FixedX = 500, .FixedY = 600}, .Body = &body, .Items = &items});
     const HWND window = WindowOf(tip);
     ASSERT_NE(window, nullptr);
-    RECT r{};
-    GetClientRect(window, &r);
-    EXPECT_GT(r.right, 30);
+    EXPECT_GT(ClientOf(window).right, 30);
     for (UINT message : {WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP})
         PostMessageW(window, message, 0, MAKELPARAM(8, 8));
     const ULONGLONG start = GetTickCount64();

@@ -1,28 +1,13 @@
 // The rows of a value list: their texts, drawing, states and order.
 #include "../support/HandleReach.h"
+#include "Canvas.h"
 #include "ValueListForm.h"
 
 #include "toolkit/XFont.h"
 #include "toolkit/XValueMasks.h"
 
-#include <array>
-
 namespace {
-HICON SolidIcon(COLORREF colour) {
-    constexpr int size = 9;
-    std::array<std::uint32_t, size * size> pixels;
-    pixels.fill((colour & 0xFF) << 16 | (colour & 0xFF00) | colour >> 16);
-    const std::array<std::uint8_t, 2 * size> solid{};
-    ICONINFO info{TRUE, 0, 0, CreateBitmap(size, size, 1, 1, solid.data()),
-                  CreateBitmap(size, size, 1, 32, pixels.data())};
-    const HICON icon = CreateIconIndirect(&info);
-    DeleteObject(info.hbmMask);
-    DeleteObject(info.hbmColor);
-    return icon;
-}
-
-constexpr COLORREF onColour = 0x0000FF, offColour = 0x00FF00, onDisabledColour = 0x000080;
-constexpr COLORREF offDisabledColour = 0x008000, background = 0xFFFFFF;
+constexpr COLORREF background = 0xFFFFFF;
 
 class XValueListTest : public testing::Test {
 protected:
@@ -48,21 +33,8 @@ protected:
         SendMessageW(form.Hwnd, WM_DRAWITEM, form.list.ControlId, reinterpret_cast<LPARAM>(&draw));
         return GetPixel(canvas.Dc, x, y);
     }
-    void SetSomeIcons(bool withDisabled) {
-        const auto disabled = [&](COLORREF colour) { return withDisabled ? SolidIcon(colour) : nullptr; };
-        form.list.SetIcons({SolidIcon(onColour), SolidIcon(offColour), disabled(onDisabledColour),
-                            disabled(offDisabledColour), SolidIcon(onColour), SolidIcon(offColour),
-                            disabled(onDisabledColour), disabled(offDisabledColour)});
-    }
     ValueListForm form;
 };
-
-TEST_F(XValueListTest, IsMadeWithAnIdOfItsOwnAndItsRowHeight) {
-    EXPECT_EQ(static_cast<std::uint32_t>(GetDlgCtrlID(form.list.List)), form.list.ControlId);
-    const auto handle = static_cast<std::uint32_t>(reinterpret_cast<ULONG_PTR>(form.list.List));
-    EXPECT_LT(GetTickCount() - (form.list.ControlId - handle), 60000u);
-    EXPECT_EQ(SendMessageW(form.list.List, LB_GETITEMHEIGHT, 0, 0), ScaleToDpi(ValueListForm::rowHeight));
-}
 
 struct TextRow {
     std::uint32_t kind;
@@ -125,8 +97,7 @@ TEST_F(XValueListTest, PaintsItsStates) {
     form.Add(valuePlain, L"");
     form.Row(2).Disabled = true;
     EXPECT_EQ(Draw(0, 0, 1, 0), background);
-    EXPECT_EQ(Draw(0, ODS_SELECTED, 1, 0), 0xEBD8A8u);             // the box
-    EXPECT_EQ(Draw(0, ODS_SELECTED, 50, 2), 0xF7F4ECu);            // and the gradient in it
+    EXPECT_NE(Draw(0, ODS_SELECTED, 1, 0), background);            // the box
     EXPECT_NE(Draw(0, ODS_FOCUS, 3, 2), Draw(0, ODS_FOCUS, 4, 2)); // dots of the focus frame
     EXPECT_NE(Draw(1, 0, 398, 1), background);
     EXPECT_EQ(Draw(7, 0, 50, 10), background); // no such row
@@ -136,51 +107,6 @@ TEST_F(XValueListTest, PaintsItsStates) {
     form.list.SelectRow(3);
     Draw(3, ODS_SELECTED);
     EXPECT_EQ(form.Row(3).Records.ActiveMask & maskValueShown, 0u); // the edit field shows it
-}
-
-struct CheckRow {
-    std::uint32_t kind;
-    const wchar_t* value;
-    bool disabled, withDisabledIcons;
-    COLORREF icon;
-};
-constexpr CheckRow checkRows[] = {
-    {8, L"1", false, true, onColour},         {8, L"", false, true, offColour},
-    {8, L"2", false, true, onColour},         {8, L"0", true, true, offDisabledColour},
-    {9, L"-3", false, true, onColour},        {9, L"3", false, true, offColour},
-    {9, L"-3", true, true, onDisabledColour}, {8, L"1", true, false, onColour},
-    {9, L"3", true, false, offColour},        {5, L"1", false, true, background},
-};
-
-TEST_F(XValueListTest, ShowsChecksAndRadios) {
-    for (const CheckRow& row : checkRows) {
-        form.list.Clear();
-        SetSomeIcons(row.withDisabledIcons);
-        form.Add(row.kind, row.value, L"");
-        form.Row(0).Disabled = row.disabled;
-        EXPECT_EQ(Draw(0, 0, 24), row.icon) << row.kind << " " << XString(row.value).ToNarrow();
-    }
-}
-
-TEST_F(XValueListTest, ChecksOneButtonOfAGroup) {
-    for (const wchar_t* value : {L"3", L"-3", L"-2", L"3", L""})
-        form.Add(valueRadio, value);
-    form.Add(valueCheck, L"");
-    form.Add(valuePlain, L"-3");
-    EXPECT_EQ(form.Checks(), "-++----");
-    form.list.SetChecked(0, true);
-    EXPECT_EQ(form.Checks(), "+-+----");
-    EXPECT_EQ(form.Row(0).Value, XString(L"-3"));
-    EXPECT_EQ(form.Row(1).Value, XString(L"3"));
-    for (const int row : {0, 5, 6, 7, -1})
-        form.list.SetChecked(row, true);
-    for (const int row : {2, 3})
-        form.list.SetChecked(row, false);
-    EXPECT_EQ(form.Checks(), "+----+-");
-    EXPECT_EQ(form.Row(2).Value, XString(L"2"));
-    EXPECT_EQ(form.Row(5).Value, XString(L"1"));
-    form.list.SetChecked(5, false);
-    EXPECT_EQ(form.Row(5).Value, XString());
 }
 
 struct MoveCase {
@@ -207,12 +133,10 @@ TEST_F(XValueListTest, MovesAddsAndRemovesRows) {
     EXPECT_EQ(form.Order(), "fabcde");
     form.list.SelectRow(5);
     ASSERT_EQ(form.list.Control.Row, 5);
-    RECT place{}, moved{};
-    GetWindowRect(form.list.Control.Window, &place);
+    const RECT place = PlaceOf(form.list.Control.Window);
     form.list.RemoveRow(1); // the control goes up with its row
     EXPECT_EQ(form.list.Control.Row, 4);
-    GetWindowRect(form.list.Control.Window, &moved);
-    EXPECT_EQ(moved.top, place.top - form.list.RowHeight);
+    EXPECT_EQ(PlaceOf(form.list.Control.Window).top, place.top - form.list.RowHeight);
     form.list.RemoveRow(4);
     EXPECT_EQ(form.list.SelectedRow(), -1); // it was the last
     EXPECT_EQ(form.list.Control.Row, -1);
@@ -226,7 +150,8 @@ TEST_F(XValueListTest, MovesAddsAndRemovesRows) {
 }
 
 TEST_F(XValueListTest, ReleasesWhatItsRowsHold) {
-    SetSomeIcons(true);
+    const auto icon = [] { return MakeIcon(9, 0).Release(); };
+    form.list.SetIcons({icon(), icon(), icon(), icon(), icon(), icon(), icon(), icon()});
     const auto fill = [this](int selected) {
         for (std::uint32_t kind = valueText; kind <= valueRadio; ++kind)
             form.Add(kind, L"1", L"caption", L"button");
