@@ -29,6 +29,12 @@ HWND FindTop(std::function<bool(HWND)> matches) {
     return search.found;
 }
 
+XString ClassOf(HWND window) {
+    wchar_t name[16] = L"";
+    GetClassNameW(window, name, 16);
+    return name;
+}
+
 } // namespace
 
 TestSettings::TestSettings() {
@@ -75,9 +81,7 @@ void FormDriver::GiveUp() {
     ADD_FAILURE() << "step " << next << " did not come about in " << limitMs << " ms";
     start = GetTickCount();
     while (const HWND open = FindTop([](HWND window) {
-               wchar_t name[16] = L"";
-               GetClassNameW(window, name, 16);
-               return XString(name) == L"#32770" && GetPropW(window, L"tm-ended") == nullptr;
+               return ClassOf(window) == L"#32770" && GetPropW(window, L"tm-ended") == nullptr;
            })) {
         SetPropW(open, L"tm-ended", open);
         EndDialog(open, IDCANCEL);
@@ -88,7 +92,7 @@ HWND FindForm(int controlId) {
     return FindTop([controlId](HWND window) { return GetDlgItem(window, controlId) != nullptr; });
 }
 
-HWND FindBox(const wchar_t* text) {
+HWND FindBox(const XString& text) {
     return FindTop([text](HWND window) { return IsWindowVisible(window) && TextOf(window, 0xFFFF) == text; });
 }
 
@@ -99,17 +103,65 @@ HWND FindBoxOf(HWND form) {
     });
 }
 
+bool IsMenuOpen() {
+    return FindTop([](HWND window) { return ClassOf(window) == L"#32768" && IsWindowVisible(window); });
+}
+
+FormDriver::Step AnswerBox(const XString& text, int button) {
+    return [=] {
+        const HWND box = FindBox(text);
+        return box && PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    };
+}
+
+FormDriver::Step PressKey(WPARAM key) {
+    return [key] {
+        const HWND focus = GetFocus();
+        return focus && PostMessageW(focus, WM_KEYDOWN, key, 1) &&
+               PostMessageW(focus, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+    };
+}
+
+void AskMenu(std::vector<FormDriver::Step>& steps, const std::function<HWND()>& control, int downs) {
+    const auto key = [control](WPARAM code) { // a menu takes those of its owner
+        return PostMessageW(GetParent(control()), WM_KEYDOWN, code, 0) != 0;
+    };
+    steps.emplace_back([control] {
+        return PostMessageW(control(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control()),
+                            MAKELPARAM(-1, -1)) != 0;
+    });
+    steps.emplace_back([downs, key] {
+        if (!IsMenuOpen())
+            return false;
+        for (int i = 0; i < downs; ++i)
+            key(VK_DOWN);
+        return key(VK_RETURN);
+    });
+    steps.emplace_back([key] {
+        if (IsMenuOpen()) // the command is disabled
+            key(VK_ESCAPE);
+        return !IsMenuOpen();
+    });
+}
+
+void SendWithControl(HWND window, WPARAM key) {
+    BYTE keys[256] = {};
+    keys[VK_CONTROL] = 0x80;
+    SetKeyboardState(keys);
+    SendMessageW(window, WM_KEYDOWN, key, 1);
+    keys[VK_CONTROL] = 0;
+    SetKeyboardState(keys);
+}
+
 std::size_t CountPlacedControls(HWND form, int width, int height, HWND except) {
     SetWindowPos(form, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
-    RECT client{};
-    GetClientRect(form, &client);
+    const RECT client = ClientOf(form);
     std::vector<RECT> seen;
     for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         if (!IsWindowVisible(child) || child == except)
             continue;
-        RECT own{}, common{};
-        GetWindowRect(child, &own);
-        MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&own), 2);
+        const RECT own = PlaceOf(child, form);
+        RECT common{};
         EXPECT_TRUE(IntersectRect(&common, &own, &client) && EqualRect(&common, &own))
             << GetDlgCtrlID(child) << " at " << width;
         for (const RECT& other : seen)

@@ -14,7 +14,7 @@ HWND Form() {
     return FindForm(ID_OPTIONS_TAB);
 }
 
-void ShowHeld(std::vector<FormDriver::Step> steps) {
+void ShowChain(std::vector<FormDriver::Step> steps) {
     clRecipe recipe;
     recipe.effects = L"-dspeffect1=\"Playlist Writer=\" -dspeffect2=\"Batch Report=-file={qt}D:\\Converted\\"
                      L"report.txt{qt}\" -dspeffect3=\"An effect that was removed=-gain={qt}-3 dB{qt}\"";
@@ -28,26 +28,26 @@ void ShowHeld(std::vector<FormDriver::Step> steps) {
     });
     clFileList files;
     bool convert = false;
-    const FormDriver driver(std::move(steps), 60000);
+    const FormDriver driver = HoldAfter(std::move(steps));
     const frmConvertToOpt form(convert, files);
 }
 
 FormDriver::Step Key(WPARAM key) {
-    return [key] { return FindWindowW(L"#32768", nullptr) && PostMessageW(Form(), WM_KEYDOWN, key, 0); };
+    return [key] { return IsMenuOpen() && PostMessageW(Form(), WM_KEYDOWN, key, 0); };
 }
 
 } // namespace
 
-void ShowEffects(const FormDriver::Step& hold) {
-    ShowHeld({hold});
+void ShowEffects() {
+    ShowChain({});
 }
 
-void ShowEffectsMenu(const FormDriver::Step& hold) {
-    ShowHeld({[] { return PostMessageW(Form(), WM_COMMAND, ID_EFFECT_ADD, 0) != 0; }, Key(VK_DOWN),
-              Key(VK_RIGHT), Key(VK_DOWN), hold});
+void ShowEffectsMenu() {
+    ShowChain({[] { return PostMessageW(Form(), WM_COMMAND, ID_EFFECT_ADD, 0) != 0; }, Key(VK_DOWN),
+               Key(VK_RIGHT), Key(VK_DOWN)});
 }
 
-void ShowEffectSettingsOf(const wchar_t* effect, const FormDriver::Step& hold) {
-    const FormDriver driver({hold}, 60000);
+void ShowEffectSettingsOf(const wchar_t* effect) {
+    const FormDriver driver = HoldAfter({});
     (void)ShowEffectSettings(nullptr, EffectLibraryPath(effect), L"-file=\"D:\\Converted\\all.m3u8\"");
 }

@@ -6,43 +6,35 @@
 
 namespace {
 
-HWND ListOf(HWND form) {
-    return FindWindowExW(form, nullptr, L"ListBox", nullptr);
+HWND Form() {
+    return FindForm(ID_NAMING_TEMPLATE);
 }
 
-void ShowHeld(const wchar_t* naming, FormDriver::Step prepare, const FormDriver::Step& hold) {
-    const FormDriver driver({std::move(prepare), hold}, 60000);
+void Show(const wchar_t* naming, std::vector<FormDriver::Step> steps) {
+    steps.insert(steps.begin(), [] { return Form() != nullptr; });
+    const FormDriver driver = HoldAfter(std::move(steps));
     XString edited(naming);
     const dlgNaming form(nullptr, edited);
 }
 
 } // namespace
 
-void ShowNaming(const FormDriver::Step& hold) {
-    ShowHeld(
-        L"[artist]\\[album]\\[track] - [title]", [] { return FindForm(ID_NAMING_TEMPLATE) != nullptr; },
-        hold);
+void ShowNaming() {
+    Show(L"[artist]\\[album]\\[track] - [title]", {});
 }
 
-void ShowNamingFunctions(const FormDriver::Step& hold) {
-    ShowHeld(
-        L"[album artist]\\[year] [album][IFMULTI] (disc [disc] of [disc_total])[]\\[track] - "
-        L"[MAXLENGTH]40,[title][] [UPPER][genre][] [audio_quality] [encoder+]",
-        [] {
-            const HWND list = ListOf(FindForm(ID_NAMING_TEMPLATE));
-            SendMessageW(list, LB_SETCURSEL, 41, 0);
-            SendMessageW(list, LB_SETTOPINDEX, 35, 0);
-            return SetFocus(list) != nullptr;
-        },
-        hold);
+void ShowNamingFunctions() {
+    Show(L"[album artist]\\[year] [album][IFMULTI] (disc [disc] of [disc_total])[]\\[track] - "
+         L"[MAXLENGTH]40,[title][] [UPPER][genre][] [audio_quality] [encoder+]",
+         {[] {
+             const HWND list = FindWindowExW(Form(), nullptr, L"ListBox", nullptr);
+             SendMessageW(list, LB_SETCURSEL, 41, 0);
+             SendMessageW(list, LB_SETTOPINDEX, 35, 0);
+             return SetFocus(list) != nullptr;
+         }});
 }
 
-void ShowNamingRefused(const FormDriver::Step& hold) {
-    ShowHeld(
-        L"[artist]",
-        [] {
-            const HWND form = FindForm(ID_NAMING_TEMPLATE);
-            return form && PostMessageW(form, WM_COMMAND, IDOK, 0);
-        },
-        [hold] { return FindBoxOf(FindForm(ID_NAMING_TEMPLATE)) && hold(); });
+void ShowNamingRefused() {
+    Show(L"[artist]", {[] { return PostMessageW(Form(), WM_COMMAND, IDOK, 0) != 0; },
+                       [] { return FindBoxOf(Form()) != nullptr; }});
 }

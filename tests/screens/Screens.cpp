@@ -42,23 +42,14 @@ FormDriver::Step Press(int button) {
     };
 }
 
-bool IsSpeedShown() {
-    const HWND form = FindForm(ID_HEADING);
-    return form && !TextOf(form, ID_SPEED).IsEmpty();
-}
-
-bool IsMenuOpen() {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & GUI_INMENUMODE) != 0;
-}
-
 void RunReporting(int slots, std::vector<FormDriver::Step> steps) {
     clFileList files;
     const clConvertingSeams seams = PrepareReportingBatch(files, {3 * slots, slots, 17, 120, codec, effect});
-    steps.insert(steps.begin(), IsSpeedShown);
-    steps.emplace_back(HoldForPicture);
-    const FormDriver driver(std::move(steps), 60000);
+    steps.insert(steps.begin(), [] {
+        const HWND form = FindForm(ID_HEADING);
+        return form && !TextOf(form, ID_SPEED).IsEmpty();
+    });
+    const FormDriver driver = HoldAfter(std::move(steps));
     const frmConverting form(files, seams);
 }
 
@@ -67,30 +58,11 @@ void Complete(clJobSlot& slot, const clFileItem& item) {
     FreeSlot(slot);
 }
 
-void Converting() {
-    RunReporting(4, {});
-}
-void ConvertingSixteen() {
-    RunReporting(16, {});
-}
-void ConvertingOne() {
-    RunReporting(1, {});
-}
-void Paused() {
-    RunReporting(2, {Press(ID_BUTTON_PAUSE)});
-}
-void OptionsMenu() {
-    RunReporting(2, {Press(ID_BUTTON_OPTIONS), IsMenuOpen});
-}
-void CancelQuestion() {
-    RunReporting(2, {Press(ID_BUTTON_CANCEL), [] { return FindBox(L"Cancel Conversion?") != nullptr; }});
-}
-
 void Finished() {
     clFileList files;
     clConvertingSeams seams = PrepareReportingBatch(files, {6, 2, 1, 0, codec, effect});
     seams.launch = Complete;
-    const FormDriver driver({[] { return FindForm(ID_BUTTON_FINISH) != nullptr; }, HoldForPicture}, 60000);
+    const FormDriver driver = HoldAfter({[] { return FindForm(ID_BUTTON_FINISH) != nullptr; }});
     const frmConverting form(files, seams);
 }
 
@@ -105,70 +77,82 @@ void CompleteWithReports(clJobSlot& slot, const clFileItem& item) {
     FreeSlot(slot);
 }
 
-// The form behind has a control of the same id.
-bool IsLogShown() {
-    const HWND form = FindForm(ID_LOG_TREE);
-    return form && TreeView_GetCount(GetDlgItem(form, ID_LOG_TREE)) > 0;
-}
-
 void Logs() {
     clFileList files;
     clConvertingSeams seams = PrepareReportingBatch(files, {8, 2, 1, 0, codec, effect});
     seams.launch = CompleteWithReports;
     RegWriteDword(1, Setting::displayInfo);
-    const FormDriver driver({IsLogShown, HoldForPicture}, 60000);
+    const FormDriver driver = HoldAfter({[] { // the form behind has a control of the same id
+        const HWND form = FindForm(ID_LOG_TREE);
+        return form && TreeView_GetCount(GetDlgItem(form, ID_LOG_TREE)) > 0;
+    }});
     const frmConverting form(files, seams);
 }
+
+} // namespace
+
+FormDriver HoldAfter(std::vector<FormDriver::Step> steps) {
+    steps.emplace_back(HoldForPicture);
+    return FormDriver(std::move(steps), 60000);
+}
+
+namespace {
 
 struct Screen {
     const char* name;
     void (*show)();
 };
 constexpr Screen screens[] = {
-    {"converting", Converting},
-    {"converting-16", ConvertingSixteen},
-    {"converting-1", ConvertingOne},
-    {"paused", Paused},
-    {"options", OptionsMenu},
-    {"cancel", CancelQuestion},
+    {"converting", [] { RunReporting(4, {}); }},
+    {"converting-16", [] { RunReporting(16, {}); }},
+    {"converting-1", [] { RunReporting(1, {}); }},
+    {"paused", [] { RunReporting(2, {Press(ID_BUTTON_PAUSE)}); }},
+    {"options",
+     [] {
+         RunReporting(2, {Press(ID_BUTTON_OPTIONS), IsMenuOpen});
+     }},
+    {"cancel",
+     [] {
+         RunReporting(2, {Press(ID_BUTTON_CANCEL), [] { return FindBox(L"Cancel Conversion?") != nullptr; }});
+     }},
     {"finished", Finished},
     {"logs", Logs},
-    {"setup-wave", [] { ShowSetup(L"Wave", HoldForPicture); }},
-    {"setup-aiff", [] { ShowSetup(L"AIFF", HoldForPicture); }},
-    {"setup-wave64", [] { ShowSetup(L"Wave64", HoldForPicture); }},
-    {"setup-aac", [] { ShowSetup(L"m4a AAC", HoldForPicture); }},
-    {"setup-alac", [] { ShowSetup(L"ALAC", HoldForPicture); }},
-    {"setup-test", [] { ShowSetup(L"Test Conversion", HoldForPicture); }},
-    {"setup-flac", [] { ShowSetup(L"FLAC", HoldForPicture); }},
-    {"setup-mp3", [] { ShowSetup(L"mp3 (Lame)", HoldForPicture); }},
-    {"setup-list", [] { ShowSetupList(HoldForPicture); }},
-    {"setup-balloon", [] { ShowSetupBalloon(HoldForPicture); }},
-    {"new-profile", [] { ShowNewProfile(HoldForPicture); }},
-    {"config", [] { ShowConfig(HoldForPicture); }},
-    {"effects", [] { ShowEffects(HoldForPicture); }},
-    {"effects-menu", [] { ShowEffectsMenu(HoldForPicture); }},
-    {"effect-settings", [] { ShowEffectSettingsOf(L"Playlist Writer", HoldForPicture); }},
-    {"effect-processors", [] { ShowEffectSettingsOf(L"Multi-CPU Force", HoldForPicture); }},
-    {"effect-channels", [] { ShowEffectSettingsOf(L"Channels", HoldForPicture); }},
-    {"effect-volume", [] { ShowEffectSettingsOf(L"Volume", HoldForPicture); }},
-    {"effect-trim", [] { ShowEffectSettingsOf(L"Trim Silence", HoldForPicture); }},
-    {"effect-fade", [] { ShowEffectSettingsOf(L"Fade", HoldForPicture); }},
-    {"effect-replaygain", [] { ShowEffectSettingsOf(L"ReplayGain", HoldForPicture); }},
-    {"effect-resample", [] { ShowEffectSettingsOf(L"Resample", HoldForPicture); }},
-    {"effect-delete", [] { ShowEffectSettingsOf(L"Delete Source File", HoldForPicture); }},
-    {"effect-missing", [] { ShowEffectSettingsOf(L"No such effect", HoldForPicture); }},
-    {"naming", [] { ShowNaming(HoldForPicture); }},
-    {"naming-functions", [] { ShowNamingFunctions(HoldForPicture); }},
-    {"naming-refused", [] { ShowNamingRefused(HoldForPicture); }},
-    {"list", [] { ShowList(HoldForPicture); }},
-    {"list-small", [] { ShowListSmall(HoldForPicture); }},
-    {"list-least", [] { ShowListLeast(HoldForPicture); }},
-    {"list-rename", [] { ShowListRename(HoldForPicture); }},
-    {"list-menu", [] { ShowListMenu(HoldForPicture); }},
-    {"overwrite", [] { ShowOverwrite(HoldForPicture); }},
-    {"overwrite-small", [] { ShowOverwriteSmall(HoldForPicture); }},
-    {"overwrite-rename", [] { ShowOverwriteRename(HoldForPicture); }},
-    {"overwrite-menu", [] { ShowOverwriteMenu(HoldForPicture); }},
+    {"setup-wave", [] { ShowSetup(L"Wave"); }},
+    {"setup-aiff", [] { ShowSetup(L"AIFF"); }},
+    {"setup-wave64", [] { ShowSetup(L"Wave64"); }},
+    {"setup-aac", [] { ShowSetup(L"m4a AAC"); }},
+    {"setup-alac", [] { ShowSetup(L"ALAC"); }},
+    {"setup-test", [] { ShowSetup(L"Test Conversion"); }},
+    {"setup-flac", [] { ShowSetup(L"FLAC"); }},
+    {"setup-mp3", [] { ShowSetup(L"mp3 (Lame)"); }},
+    {"setup-list", ShowSetupList},
+    {"setup-balloon", ShowSetupBalloon},
+    {"new-profile", ShowNewProfile},
+    {"config", ShowConfig},
+    {"effects", ShowEffects},
+    {"effects-menu", ShowEffectsMenu},
+    {"effect-settings", [] { ShowEffectSettingsOf(L"Playlist Writer"); }},
+    {"effect-processors", [] { ShowEffectSettingsOf(L"Multi-CPU Force"); }},
+    {"effect-channels", [] { ShowEffectSettingsOf(L"Channels"); }},
+    {"effect-volume", [] { ShowEffectSettingsOf(L"Volume"); }},
+    {"effect-trim", [] { ShowEffectSettingsOf(L"Trim Silence"); }},
+    {"effect-fade", [] { ShowEffectSettingsOf(L"Fade"); }},
+    {"effect-replaygain", [] { ShowEffectSettingsOf(L"ReplayGain"); }},
+    {"effect-resample", [] { ShowEffectSettingsOf(L"Resample"); }},
+    {"effect-delete", [] { ShowEffectSettingsOf(L"Delete Source File"); }},
+    {"effect-missing", [] { ShowEffectSettingsOf(L"No such effect"); }},
+    {"naming", ShowNaming},
+    {"naming-functions", ShowNamingFunctions},
+    {"naming-refused", ShowNamingRefused},
+    {"list", ShowList},
+    {"list-small", ShowListSmall},
+    {"list-least", ShowListLeast},
+    {"list-rename", ShowListRename},
+    {"list-menu", ShowListMenu},
+    {"overwrite", ShowOverwrite},
+    {"overwrite-small", ShowOverwriteSmall},
+    {"overwrite-rename", ShowOverwriteRename},
+    {"overwrite-menu", ShowOverwriteMenu},
 };
 
 } // namespace

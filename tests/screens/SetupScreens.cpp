@@ -45,43 +45,41 @@ bool Choose(const wchar_t* item) {
                         reinterpret_cast<LPARAM>(list));
 }
 
-void ShowHeld(const wchar_t* item, std::vector<FormDriver::Step> steps) {
+void ShowItem(const wchar_t* item, std::vector<FormDriver::Step> steps) {
     StoreAll();
     RegWriteString(item, Setting::lastCodec);
     clFileList files;
     for (int i = 0; i < 1234; ++i)
         files.Append();
     bool convert = false;
-    const FormDriver driver(std::move(steps), 60000);
+    const FormDriver driver = HoldAfter(std::move(steps));
     const frmConvertToOpt form(convert, files);
 }
 
 } // namespace
 
-void ShowSetup(const wchar_t* encoder, const FormDriver::Step& hold) {
-    ShowHeld(encoder, {[] { return Form() != nullptr; }, hold});
+void ShowSetup(const wchar_t* encoder) {
+    ShowItem(encoder, {[] { return Form() != nullptr; }});
 }
 
-void ShowSetupList(const FormDriver::Step& hold) {
-    const auto list = [] { return GetDlgItem(Form(), ID_ENCODER_LIST); };
-    ShowHeld(L"FLAC", {[] { return Form() && SetForegroundWindow(Form()); },
-                       [list] {
-                           SendMessageW(list(), CB_SHOWDROPDOWN, TRUE, 0);
-                           return SendMessageW(list(), CB_GETDROPPEDSTATE, 0, 0) != 0;
-                       },
-                       hold});
+void ShowSetupList() {
+    ShowItem(L"FLAC", {[] { return Form() && SetForegroundWindow(Form()); },
+                       [] {
+                           const HWND list = GetDlgItem(Form(), ID_ENCODER_LIST);
+                           SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
+                           return SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0) != 0;
+                       }});
 }
 
-void ShowSetupBalloon(const FormDriver::Step& hold) {
-    ShowHeld(L"Wave", {[] { return Choose(L"mp3 (Lame)"); },
-                       [] { return TextOf(Form(), ID_NAMING).StartsWith(L"[album artist]"); }, hold});
+void ShowSetupBalloon() {
+    ShowItem(L"Wave", {[] { return Choose(L"mp3 (Lame)"); },
+                       [] { return TextOf(Form(), ID_NAMING).StartsWith(L"[album artist]"); }});
 }
 
-void ShowNewProfile(const FormDriver::Step& hold) {
-    ShowHeld(L"FLAC", {[] { return Choose(L"[Create New Profile]"); },
+void ShowNewProfile() {
+    ShowItem(L"FLAC", {[] { return Choose(L"[Create New Profile]"); },
                        [] {
                            const HWND form = FindForm(ID_PROFILE_NAME);
                            return form && SetWindowTextW(GetDlgItem(form, ID_PROFILE_NAME), L"Archive");
-                       },
-                       hold});
+                       }});
 }
