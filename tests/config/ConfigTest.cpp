@@ -59,12 +59,6 @@ protected:
     static Step Choose(int list, int row) {
         return [=] { return SendMessageW(At(list), CB_SETCURSEL, static_cast<WPARAM>(row), 0) == row; };
     }
-    static Step Close(const XString& box) {
-        return [box] {
-            const HWND found = FindBox(box);
-            return found && PostMessageW(found, WM_COMMAND, IDOK, 0);
-        };
-    }
     static XString Written() {
         const clConfig config = ReadConfig();
         XString text = config.tempFolder + (config.allowProfiles ? L" profiles " : L" none ") +
@@ -110,7 +104,7 @@ TEST_F(Config, ShowsWhatIsStoredAndWritesOnOKAlone) {
     EXPECT_EQ(Written(), XString(L" none 1"));
     EXPECT_EQ(asked, XString(L"+"));
     Run({Check(ID_CONFIG_EXPLORER), Press(IDOK),
-         Close(L"Not all of the entries in Explorer's menus could be changed.")});
+         AnswerBox(L"Not all of the entries in Explorer's menus could be changed.", IDOK)});
     EXPECT_EQ(asked, XString(L"+-"));
 }
 
@@ -125,18 +119,15 @@ TEST_F(Config, RefusesFoldersThatCannotBeUsed) {
         L"The output folder has to begin with a drive, such as 'C:\\Converted Music', "
         L"or with a folder such as 'Music'.";
     folderChosen = L"C:\\chosen";
-    Run({Type(ID_CONFIG_TEMP, below), Press(IDOK), Close(refused(below)),
+    Run({Type(ID_CONFIG_TEMP, below), Press(IDOK), AnswerBox(refused(below), IDOK),
          [] { return GetFocus() == At(ID_CONFIG_TEMP); }, Type(ID_CONFIG_TEMP, L"temp"), Press(IDOK),
-         Close(refused(L"temp")), Check(ID_CONFIG_OUTPUT_SET), Type(ID_CONFIG_OUTPUT, L"Musical\\x"),
-         Press(IDOK), Close(noDrive), Type(ID_CONFIG_OUTPUT, L""), Press(IDOK), Close(noDrive),
-         Press(ID_CONFIG_OUTPUT_BROWSE), [] { return TextOf(Form(), ID_CONFIG_OUTPUT) == L"C:\\chosen"; },
+         AnswerBox(refused(L"temp"), IDOK), Check(ID_CONFIG_OUTPUT_SET),
+         Type(ID_CONFIG_OUTPUT, L"Musical\\x"), Press(IDOK), AnswerBox(noDrive, IDOK),
+         Type(ID_CONFIG_OUTPUT, L""), Press(IDOK), AnswerBox(noDrive, IDOK), Press(ID_CONFIG_OUTPUT_BROWSE),
+         [] { return TextOf(Form(), ID_CONFIG_OUTPUT) == L"C:\\chosen"; },
          // A cancelled browse, from the folder that stands there, leaves it.
-         [this] {
-             folderChosen = L"";
-             return true;
-         },
-         Press(ID_CONFIG_TEMP_BROWSE), [this] { return folderShown == L"temp"; },
-         [] { return TextOf(Form(), ID_CONFIG_TEMP) == L"temp"; }},
+         [this] { folderChosen = L""; }, Press(ID_CONFIG_TEMP_BROWSE),
+         [this] { return folderShown == L"temp"; }, [] { return TextOf(Form(), ID_CONFIG_TEMP) == L"temp"; }},
         IDCANCEL);
     EXPECT_EQ(Written(), XString(L" none 1"));
 }

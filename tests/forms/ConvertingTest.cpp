@@ -18,6 +18,7 @@ namespace {
 
 constexpr int logTree = 1034;
 constexpr int reconvertButton = 1041;
+constexpr wchar_t cancelQuestion[] = L"Cancel Conversion?";
 
 class Converting : public testing::Test {
 protected:
@@ -48,6 +49,11 @@ protected:
         Complete(slot, item);
         AddLine(slot.errorText, L"no such file");
     }
+    void Show(std::vector<FormDriver::Step> steps) {
+        const FormDriver driver(std::move(steps));
+        { const frmConverting form(files, seams); }
+        EXPECT_TRUE(driver.IsDone()) << driver.StepsDone();
+    }
     static bool Press(int button) {
         const HWND form = FindForm(ID_HEADING);
         const HWND control = form ? GetDlgItem(form, button) : nullptr;
@@ -64,7 +70,7 @@ std::int32_t Converting::powerAction = -1;
 TEST_F(Converting, RunsToItsFinishedStateAndWaits) {
     AddFiles(3);
     RECT place{};
-    const FormDriver driver({
+    Show({
         [] { return TextOf(FindForm(ID_BUTTON_FINISH)) == L"[Finished] Zephtone Tonemill"; },
         [&] {
             const HWND form = FindForm(ID_BUTTON_FINISH);
@@ -74,12 +80,10 @@ TEST_F(Converting, RunsToItsFinishedStateAndWaits) {
             EXPECT_EQ(GetDlgItem(form, ID_BUTTON_CANCEL), nullptr);
             EXPECT_FALSE(IsWindowEnabled(GetDlgItem(form, ID_BUTTON_PAUSE)));
             EXPECT_EQ(GetFocus(), GetDlgItem(form, ID_BUTTON_FINISH));
-            GetWindowRect(form, &place);
+            place = PlaceOf(form);
             return Press(ID_BUTTON_FINISH);
         },
     });
-    { const frmConverting form(files, seams); }
-    EXPECT_TRUE(driver.IsDone());
     EXPECT_EQ(RegReadDword(Setting::formX), static_cast<DWORD>(place.left));
     EXPECT_EQ(RegReadDword(Setting::formY), static_cast<DWORD>(place.top));
     EXPECT_EQ(powerAction, -1);
@@ -89,10 +93,7 @@ TEST_F(Converting, RunsToItsFinishedStateAndWaits) {
 TEST_F(Converting, FinishesInPlaceWhileMinimised) {
     AddFiles(1);
     const auto place = [](int button) {
-        RECT r{};
-        GetWindowRect(GetDlgItem(FindForm(button), button), &r);
-        MapWindowPoints(nullptr, FindForm(button), reinterpret_cast<POINT*>(&r), 2);
-        return r;
+        return PlaceOf(GetDlgItem(FindForm(button), button), FindForm(button));
     };
     RECT cancel{};
     seams.launch = [&](clJobSlot& slot, const clFileItem& item) {
@@ -100,7 +101,7 @@ TEST_F(Converting, FinishesInPlaceWhileMinimised) {
         ShowWindow(FindForm(ID_HEADING), SW_MINIMIZE);
         Complete(slot, item);
     };
-    const FormDriver driver({[&] {
+    Show({[&] {
         if (!FindForm(ID_BUTTON_FINISH))
             return false;
         ShowWindow(FindForm(ID_HEADING), SW_RESTORE);
@@ -108,8 +109,6 @@ TEST_F(Converting, FinishesInPlaceWhileMinimised) {
         EXPECT_TRUE(EqualRect(&finish, &cancel)) << finish.top << " " << cancel.top;
         return Press(ID_BUTTON_FINISH);
     }});
-    { const frmConverting form(files, seams); }
-    EXPECT_TRUE(driver.IsDone());
 }
 
 TEST_F(Converting, ClosesByItselfAndPerformsTheChosenAction) {
@@ -128,44 +127,31 @@ TEST_F(Converting, ShowsAsManyRowsAsSlots) {
     ForceSlots(L"-cpu1 -cpu3 -cpu5 -noally");
     RegWriteDword(50, Setting::formX);
     RegWriteDword(60, Setting::formY);
-    const FormDriver driver({
+    Show({
         [] { return FindForm(ID_BUTTON_FINISH) != nullptr; },
         [] {
             const HWND form = FindForm(ID_BUTTON_FINISH);
             for (int i = 0; i < maximumSlots; ++i)
                 for (const int id : {rowControls[i].text, rowControls[i].label, rowControls[i].icon})
                     EXPECT_EQ(IsWindowVisible(GetDlgItem(form, id)) != 0, i < 3) << id;
-            RECT wanted = {0, 0, 340, 87 + 3 * 25};
-            MapDialogRect(form, &wanted);
-            RECT client{};
-            GetClientRect(form, &client);
-            EXPECT_EQ(client.bottom, wanted.bottom);
-            RECT window{};
-            GetWindowRect(form, &window);
-            EXPECT_EQ(window.left, 50);
-            EXPECT_EQ(window.top, 60);
+            EXPECT_EQ(PlaceOf(form).left, 50);
+            EXPECT_EQ(PlaceOf(form).top, 60);
             return Press(ID_BUTTON_FINISH);
         },
     });
-    { const frmConverting form(files, seams); }
-    EXPECT_TRUE(driver.IsDone());
 }
 
 TEST_F(Converting, ErrorsSkipTheWaitAndAreShownUnlessUnwanted) {
     AddFiles(2);
     seams.launch = Fail;
-    {
-        const FormDriver driver({[&] {
-            const HWND shown = FindForm(logTree);
-            const HWND tree = shown ? GetDlgItem(shown, logTree) : nullptr;
-            if (!tree || TreeView_GetCount(tree) != 6)
-                return false;
-            EXPECT_TRUE(IsWindowVisible(GetDlgItem(shown, reconvertButton)));
-            return SendMessageW(shown, WM_COMMAND, IDOK, 0) == 0;
-        }});
-        const frmConverting form(files, seams);
-        EXPECT_TRUE(driver.IsDone());
-    }
+    Show({[] {
+        const HWND shown = FindForm(logTree);
+        const HWND tree = shown ? GetDlgItem(shown, logTree) : nullptr;
+        if (!tree || TreeView_GetCount(tree) != 6)
+            return false;
+        EXPECT_TRUE(IsWindowVisible(GetDlgItem(shown, reconvertButton)));
+        return SendMessageW(shown, WM_COMMAND, IDOK, 0) == 0;
+    }});
     RegWriteDword(1, Setting::noDisplayError);
     const DWORD start = GetTickCount();
     const FormDriver driver({[start] { return GetTickCount() - start > 20000; }}); // only its limit counts
@@ -187,7 +173,7 @@ TEST_F(Converting, ShowsItsLogsWhileTheBatchGoesOn) {
         const HWND form = FindForm(ID_HEADING);
         return form && SendMessageW(form, WM_COMMAND, ID_VIEW_LOGS, 0) == 0;
     };
-    const FormDriver driver({
+    Show({
         [&] { return launched > 2; },
         viewLogs,
         [&] {
@@ -198,8 +184,6 @@ TEST_F(Converting, ShowsItsLogsWhileTheBatchGoesOn) {
         },
         [&] { return launched > launchedBefore + 3; },
     });
-    { const frmConverting form(files, seams); }
-    EXPECT_TRUE(driver.IsDone());
     EXPECT_EQ(launched, 40);
     EXPECT_EQ(FindForm(logTree), nullptr);
 }
@@ -209,32 +193,18 @@ TEST_F(Converting, IsDrivenByTheKeyboard) {
     clJobSlot* worker = nullptr;
     seams.launch = [&](clJobSlot& slot, const clFileItem&) { (worker = &slot)->running = true; };
     const auto focusIs = [](int id) { return GetFocus() && GetDlgCtrlID(GetFocus()) == id; };
-    const auto key = [](WPARAM code) {
-        const HWND focus = GetFocus();
-        return focus && PostMessageW(focus, WM_KEYDOWN, code, 1) &&
-               PostMessageW(focus, WM_KEYUP, code, static_cast<LPARAM>(0xC0000001));
-    };
-    const auto answer = [](int button) {
-        const HWND box = FindBox(L"Cancel Conversion?");
-        return box && PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
-    };
-    const FormDriver driver({
+    Show({
         [&] { return worker != nullptr && focusIs(ID_BUTTON_OPTIONS); },
-        [&] { return key(VK_TAB); },
-        [&] { return focusIs(ID_BUTTON_PAUSE) && key(VK_TAB); },
-        [&] { return focusIs(ID_BUTTON_CANCEL) && key(VK_RETURN); },
-        [&] { return answer(IDNO); },
+        PressKey(VK_TAB),
+        [&] { return focusIs(ID_BUTTON_PAUSE) && PressKey(VK_TAB)(); },
+        [&] { return focusIs(ID_BUTTON_CANCEL) && PressKey(VK_RETURN)(); },
+        AnswerBox(cancelQuestion, IDNO),
         [&] { return focusIs(ID_BUTTON_CANCEL) && PostMessageW(FindForm(ID_HEADING), WM_CLOSE, 0, 0); },
-        [&] { return answer(IDNO); },
-        [&] { return focusIs(ID_BUTTON_CANCEL) && key(VK_ESCAPE); },
-        [&] { return answer(IDYES); },
-        [&] {
-            FreeSlot(*worker);
-            return true;
-        },
+        AnswerBox(cancelQuestion, IDNO),
+        [&] { return focusIs(ID_BUTTON_CANCEL) && PressKey(VK_ESCAPE)(); },
+        AnswerBox(cancelQuestion, IDYES),
+        [&] { FreeSlot(*worker); },
     });
-    { const frmConverting form(files, seams); }
-    EXPECT_TRUE(driver.IsDone()) << driver.StepsDone();
     EXPECT_EQ(powerAction, -1);
 }
 
@@ -249,15 +219,6 @@ TEST_F(Converting, LeavesNoHandlesBehind) {
 TEST_F(Converting, EndsOnceBehindAnOpenQuestionOrMenu) {
     AddFiles(1);
     powerFunction = [](std::int32_t) { ++powerAction; };
-    const auto answer = [](int button) {
-        const HWND box = FindBox(L"Cancel Conversion?");
-        return box && PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
-    };
-    const auto isMenuOpen = [] {
-        GUITHREADINFO info{};
-        info.cbSize = sizeof info;
-        return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & GUI_INMENUMODE) != 0;
-    };
     for (const int button : {ID_BUTTON_CANCEL, ID_BUTTON_OPTIONS}) {
         clJobSlot* worker = nullptr;
         DWORD freed = 0;
@@ -266,16 +227,16 @@ TEST_F(Converting, EndsOnceBehindAnOpenQuestionOrMenu) {
         const FormDriver driver({
             [] { return SendMessageW(FindForm(ID_HEADING), WM_COMMAND, ID_AFTER_LOG_OFF, 0) == 0; },
             [&] { return worker && Press(ID_BUTTON_CANCEL); },
-            [&] { return answer(IDYES); },
-            [&] { return !FindBox(L"Cancel Conversion?") && Press(button); },
+            AnswerBox(cancelQuestion, IDYES),
+            [&] { return !FindBox(cancelQuestion) && Press(button); },
             [&] {
-                if (!FindBox(L"Cancel Conversion?") && !isMenuOpen())
+                if (!FindBox(cancelQuestion) && !IsMenuOpen())
                     return false;
                 FreeSlot(*worker);
                 freed = GetTickCount();
                 return true;
             },
-            [&] { return GetTickCount() - freed > 3000 && (EndMenu() | answer(IDNO)); },
+            [&] { return GetTickCount() - freed > 3000 && (EndMenu() | AnswerBox(cancelQuestion, IDNO)()); },
         });
         { const frmConverting form(files, seams); }
         EXPECT_EQ(driver.StepsDone(), 5U) << button; // without the help of the last one
@@ -299,15 +260,13 @@ TEST_F(Converting, AsksAboutFilesThatExist) {
         Complete(slot, item);
     };
     for (const int button : {IDCANCEL, ID_NO_TO_ALL}) {
-        const FormDriver driver({[&] {
+        Show({[&] {
             const HWND list = GetDlgItem(FindForm(ID_OVERWRITE_LIST), ID_OVERWRITE_LIST);
             if (!list || !IsWindowVisible(list))
                 return false;
             EXPECT_EQ(ListView_GetItemCount(list), 1);
             return PostMessageW(GetParent(list), WM_COMMAND, static_cast<WPARAM>(button), 0) != 0;
         }});
-        { const frmConverting form(files, seams); }
-        EXPECT_TRUE(driver.IsDone()) << button;
         EXPECT_EQ(launched, button == IDCANCEL ? XString() : folder + L"new.wav");
     }
     EXPECT_TRUE(DeleteTree(folder));

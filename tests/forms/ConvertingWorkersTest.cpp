@@ -77,6 +77,11 @@ protected:
         RegWriteString(L"-script=\"" + script + L"\"", Setting::encoderSettings, HKEY_CURRENT_USER,
                        SettingsPath(codecKey));
     }
+    void Show(std::vector<FormDriver::Step> steps) {
+        const FormDriver driver(std::move(steps));
+        { const frmConverting form(files, seams); }
+        EXPECT_TRUE(driver.IsDone()) << driver.StepsDone();
+    }
     static XString Title() { return TextOf(FindForm(ID_HEADING)); }
     static bool Click(int button) {
         return PostMessageW(GetDlgItem(FindForm(ID_HEADING), button), BM_CLICK, 0, 0) != 0;
@@ -92,16 +97,14 @@ TEST_F(ConvertingWorkers, AreShownPausedResumedAndGivenTheirPriority) {
     Play(Shows(L"Action", L"Encoding at level 5") + Shows(L"PCDone", L"40") + L"gate:" + first.name + L"|" +
          Shows(L"PCDone", L"80") + L"gate:" + second.name);
     DWORD paused = 0;
-    const FormDriver driver({
+    Show({
         [] { return Title() == L"[41%] Zephtone Tonemill"; },
         [] {
             const HWND form = FindForm(ID_HEADING);
-            return TextOf(form, rowControls[0].text) == L"Encoding at level 5" &&
-                   TextOf(form, rowControls[1].text) == L"Encoding at level 5" &&
-                   BarColour(form, 1, 20) != BarColour(form, 1, 60);
-        },
-        [] {
-            const HWND form = FindForm(ID_HEADING);
+            if (TextOf(form, rowControls[0].text) != L"Encoding at level 5" ||
+                TextOf(form, rowControls[1].text) != L"Encoding at level 5" ||
+                BarColour(form, 1, 20) == BarColour(form, 1, 60))
+                return false;
             EXPECT_EQ(TextOf(form, ID_HEADING), XString(L"Converting File 1 of 2 to NoSuchEncoder"));
             EXPECT_EQ(TextOf(form, ID_STATUS), XString(L"Encoding using multiple CPUs"));
             EXPECT_EQ(BarColour(form, 1, 60), BarColour(form, 1, 90));
@@ -110,7 +113,6 @@ TEST_F(ConvertingWorkers, AreShownPausedResumedAndGivenTheirPriority) {
         [&] {
             paused = GetTickCount();
             first.event.Set();
-            return true;
         },
         [&] { return GetTickCount() - paused > 400; },
         [] {
@@ -123,35 +125,24 @@ TEST_F(ConvertingWorkers, AreShownPausedResumedAndGivenTheirPriority) {
             return SendMessageW(FindForm(ID_HEADING), WM_COMMAND, ID_PRIORITY_IDLE, 0) == 0;
         },
         [] { return WorkersOfClass(IDLE_PRIORITY_CLASS) == 2; },
-        [&] {
-            second.event.Set();
-            return true;
-        },
+        [&] { second.event.Set(); },
         [] { return Title() == L"[Finished] Zephtone Tonemill"; },
         [] {
             const HWND form = FindForm(ID_HEADING);
-            EXPECT_EQ(TextOf(form, ID_HEADING), XString(L"Converted 2 Files to NoSuchEncoder"));
             EXPECT_EQ(TextOf(form, rowControls[1].text), XString());
             EXPECT_EQ(TextOf(form, ID_REMAINING), XString());
             return Click(ID_BUTTON_FINISH);
         },
     });
-    { const frmConverting form(files, seams); }
-    EXPECT_TRUE(driver.IsDone()) << driver.StepsDone();
 }
 
 TEST_F(ConvertingWorkers, EndWhenTheUserCancels) {
     Play(Shows(L"PCDone", L"10") + L"quit:");
-    const FormDriver driver({
+    Show({
         [] { return Title() == L"[11%] Zephtone Tonemill"; },
         [] { return Click(ID_BUTTON_CANCEL); },
-        [] {
-            const HWND box = FindBox(L"Cancel Conversion?");
-            return box && PostMessageW(box, WM_COMMAND, IDYES, 0);
-        },
+        AnswerBox(L"Cancel Conversion?", IDYES),
     });
-    { const frmConverting form(files, seams); }
-    EXPECT_TRUE(driver.IsDone()) << driver.StepsDone();
     EXPECT_EQ(WorkersOfClass(NORMAL_PRIORITY_CLASS), 0);
 }
 

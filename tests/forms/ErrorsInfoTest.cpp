@@ -157,12 +157,7 @@ TEST_F(ErrorsInfo, ReadsTheLogsWhenTheTabChangesAndCopiesWhatItShows) {
 
     ChooseTab(0);
     EXPECT_EQ(Rows(tree), first + L"-0:Error converting to MP3, 'C:\\f.wav' to 'D:\\out.mp3'|2:late|2:|");
-    BYTE keys[256] = {};
-    keys[VK_CONTROL] = 0x80;
-    SetKeyboardState(keys);
-    SendMessageW(tree, WM_KEYDOWN, 'C', 0);
-    keys[VK_CONTROL] = 0;
-    SetKeyboardState(keys);
+    SendWithControl(tree, 'C');
     EXPECT_TRUE(ClipboardText().StartsWith(L"Error converting to MP3, 'C:\\e.wav'"));
 }
 
@@ -210,29 +205,13 @@ TEST_F(ErrorsInfo, ExpandsAndCollapsesAllFromTheKeyboard) {
                          L"-0:Error converting to MP3, 'C:\\b.wav' to 'D:\\out.mp3'|2:y|2:|";
     XString closed(open);
     closed.Replace(L"-0:", L"0:");
-    const auto ask = [&] {
-        const HWND tree = Control(ID_LOG_TREE);
-        return PostMessageW(tree, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(tree), MAKELPARAM(-1, -1)) != 0;
-    };
-    const auto choose = [&](int downs) {
-        return [&, downs] {
-            if (!FindWindowW(L"#32768", nullptr))
-                return false;
-            for (int i = 0; i < downs; ++i)
-                PostMessageW(form.Hwnd, WM_KEYDOWN, VK_DOWN, 0);
-            return PostMessageW(form.Hwnd, WM_KEYDOWN, VK_RETURN, 0) != 0;
-        };
-    };
-    const Owner owner({
-        [&] { return form.ShowDuringBatch(nullptr), true; },
-        ask,
-        choose(2),
-        [&] { return Rows(Control(ID_LOG_TREE)) == closed; },
-        [] { return !FindWindowW(L"#32768", nullptr); },
-        ask,
-        choose(1),
-        [&] { return Rows(Control(ID_LOG_TREE)) == open; },
-    });
+    const auto tree = [&] { return Control(ID_LOG_TREE); };
+    std::vector<FormDriver::Step> steps{[&] { return form.ShowDuringBatch(nullptr), true; }};
+    AskMenu(steps, tree, 2);
+    steps.emplace_back([&] { return Rows(tree()) == closed; });
+    AskMenu(steps, tree, 1);
+    steps.emplace_back([&] { return Rows(tree()) == open; });
+    const Owner owner(std::move(steps));
 }
 
 TEST_F(ErrorsInfo, TakesKeysInTheLoopOfItsOwner) {
@@ -244,44 +223,36 @@ TEST_F(ErrorsInfo, TakesKeysInTheLoopOfItsOwner) {
         form.ShowDuringBatch(owner);
         return true;
     };
-    const auto press = [](WPARAM key) {
-        return [key] { return PostMessageW(GetFocus(), WM_KEYDOWN, key, 0) != 0; };
-    };
     const auto focusIs = [&](int id) { return [&, id] { return form.Hwnd && GetFocus() == Control(id); }; };
     const auto isClosed = [&] { return !IsWindowVisible(form.Hwnd) && GetActiveWindow() == owner; };
     const Owner loop({
-        show, focusIs(ID_LOG_TREE), press(VK_TAB), focusIs(ID_LOG_COPY),
-        press(VK_TAB), // the hidden button is passed over
-        focusIs(IDOK), press(VK_TAB), focusIs(ID_LOG_TABS), press(VK_RIGHT),
-        [&] { return TextOf(form.Hwnd, ID_LOG_COPY) == L"Copy Info to Clipboard"; }, press(VK_ESCAPE),
+        show, focusIs(ID_LOG_TREE), PressKey(VK_TAB), focusIs(ID_LOG_COPY),
+        PressKey(VK_TAB), // the hidden button is passed over
+        focusIs(IDOK), PressKey(VK_TAB), focusIs(ID_LOG_TABS), PressKey(VK_RIGHT),
+        [&] { return TextOf(form.Hwnd, ID_LOG_COPY) == L"Copy Info to Clipboard"; }, PressKey(VK_ESCAPE),
         isClosed, [&] { return IsWindowEnabled(owner) && IsWindowVisible(owner); }, show,
-        focusIs(ID_LOG_TREE), press(VK_RETURN), isClosed,
+        focusIs(ID_LOG_TREE), PressKey(VK_RETURN), isClosed,
         show, // left open: it goes with its owner
     });
     EXPECT_EQ(form.Hwnd, nullptr);
 }
 
 TEST_F(ErrorsInfo, NothingOverlapsAtAnySize) {
-    const auto place = [](HWND window) {
-        RECT r{};
-        GetWindowRect(window, &r);
-        return r;
-    };
     AddEntry(errors, L"C:\\a.wav", {L"x"});
     form.CanReconvert = true;
     for (const bool both : {false, true}) {
         if (both)
             AddEntry(info, L"C:\\b.wav", {L"y"});
-        const RECT before = place(form.Hwnd);
+        const RECT before = PlaceOf(form.Hwnd);
         form.ShowDuringBatch(nullptr);
-        const RECT after = place(form.Hwnd);
+        const RECT after = PlaceOf(form.Hwnd);
         EXPECT_TRUE(!both || EqualRect(&before, &after)); // shown anew where it stood
         for (const SIZE& size : {SIZE{1, 1}, SIZE{700, 300}, SIZE{1200, 900}}) {
             form.MoveTo(0, 0, size.cx, size.cy);
             const HWND inTabs = both ? Control(ID_LOG_TREE) : nullptr;
             EXPECT_EQ(CountPlacedControls(form.Hwnd, size.cx, size.cy, inTabs), 5U);
-            const RECT tree = place(Control(ID_LOG_TREE));
-            const RECT tabs = place(Control(ID_LOG_TABS));
+            const RECT tree = PlaceOf(Control(ID_LOG_TREE));
+            const RECT tabs = PlaceOf(Control(ID_LOG_TABS));
             EXPECT_GT(tree.bottom - tree.top, 50);
             EXPECT_TRUE(!both || (tree.left > tabs.left && tree.top > tabs.top + 10 &&
                                   tree.right < tabs.right && tree.bottom < tabs.bottom));

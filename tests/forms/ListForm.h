@@ -18,17 +18,6 @@ protected:
     static Step Press(int button) {
         return [button] { return PostMessageW(GetDlgItem(Form(), button), BM_CLICK, 0, 0) != 0; };
     }
-    static Step Key(WPARAM key) {
-        return [key] { return GetFocus() && PostMessageW(GetFocus(), WM_KEYDOWN, key, 1); };
-    }
-    static void SelectAll() {
-        BYTE keys[256] = {};
-        keys[VK_CONTROL] = 0x80;
-        SetKeyboardState(keys);
-        SendMessageW(List(), WM_KEYDOWN, 'A', 1);
-        keys[VK_CONTROL] = 0;
-        SetKeyboardState(keys);
-    }
     static bool IsEditing() { return ListView_GetEditControl(List()) != nullptr; }
     static bool IsNotEditing() { return !IsEditing(); }
     static Step Type(const wchar_t* text) {
@@ -40,23 +29,5 @@ protected:
         ListView_GetItemText(List(), row, column, text, 500);
         return text;
     }
-    // Opens the context menu by a key and takes its command number `downs`.
-    static void AskMenu(std::vector<Step>& steps, int downs) {
-        steps.emplace_back([] {
-            return PostMessageW(List(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(List()),
-                                MAKELPARAM(-1, -1)) != 0;
-        });
-        steps.emplace_back([downs] {
-            if (!FindWindowW(L"#32768", nullptr))
-                return false;
-            for (int i = 0; i < downs; ++i)
-                PostMessageW(Form(), WM_KEYDOWN, VK_DOWN, 0);
-            return PostMessageW(Form(), WM_KEYDOWN, VK_RETURN, 0) != 0;
-        });
-        steps.emplace_back([] {
-            if (FindWindowW(L"#32768", nullptr)) // still open when the command is disabled
-                PostMessageW(Form(), WM_KEYDOWN, VK_ESCAPE, 0);
-            return !FindWindowW(L"#32768", nullptr);
-        });
-    }
+    static void AskRowMenu(std::vector<Step>& steps, int downs) { AskMenu(steps, List, downs); }
 };

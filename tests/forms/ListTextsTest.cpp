@@ -6,36 +6,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-int SameSize(int value) {
-    return value;
-}
-int HalfLarger(int value) {
-    return value * 3 / 2;
-}
-
-} // namespace
-
-TEST(ListTexts, ColumnsShareTheWidth) {
-    struct Row {
-        int listWidth;
-        int (*scale)(int);
-        int widths[listColumns];
-    };
-    constexpr Row rows[] = {
-        {400, SameSize, {250, 150, 85, 85, 85}},      {675, SameSize, {250, 150, 85, 85, 85}},
-        {677, SameSize, {251, 151, 85, 85, 85}},      {1280, SameSize, {627, 377, 85, 85, 85}},
-        {400, HalfLarger, {375, 225, 127, 127, 127}},
-    };
-    for (const Row& row : rows) {
-        int widths[listColumns];
-        GetColumnWidths(row.listWidth, row.scale, widths);
-        for (int i = 0; i < listColumns; ++i)
-            EXPECT_EQ(widths[i], row.widths[i]) << row.listWidth << " " << i;
-    }
-}
-
 TEST(ListTexts, SummaryCountsAndSums) {
     struct Row {
         clListSummary summary;

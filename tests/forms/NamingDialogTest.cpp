@@ -33,9 +33,6 @@ XString Example() {
 bool Press(int button) {
     return Form() && PostMessageW(Form(), WM_COMMAND, button, 0);
 }
-bool Key(WPARAM key) {
-    return PostMessageW(GetFocus(), WM_KEYDOWN, key, 0) && PostMessageW(GetFocus(), WM_KEYUP, key, 0);
-}
 // Scrolls the row into sight, and lets the system's own press and release reach the list box there.
 bool Click(const wchar_t* caption) {
     int row = 0;
@@ -89,15 +86,17 @@ TEST(NamingDialog, ClickedRowsAreAddedAtTheEnd) {
 
 TEST(NamingDialog, KeysLeadThroughTheListAndABlankAdds) {
     const Steps steps{
-        [] { return Form() && GetFocus() == Edit() && Key(VK_TAB); },
-        [] { return GetFocus() == List() && Key(VK_DOWN) && Key(VK_DOWN); },
+        [] { return Form() && GetFocus() == Edit() && PressKey(VK_TAB)(); },
+        [] { return GetFocus() == List() && PressKey(VK_DOWN)() && PressKey(VK_DOWN)(); },
         [] { return SendMessageW(List(), LB_GETCURSEL, 0, 0) == 1; },
         [] { return PostMessageW(List(), WM_CHAR, L'[', 0) != 0; },
         [] { return SendMessageW(List(), LB_GETCURSEL, 0, 0) == 2; },
-        [] { return Template().IsEmpty() && Key(VK_SPACE); }, // selecting alone adds nothing
-        [] { return Template() == L"[album]" && GetFocus() == Edit() && SetFocus(List()) && Key(VK_TAB); },
-        [] { return GetFocus() == GetDlgItem(Form(), IDOK) && Key(VK_TAB); },
-        [] { return GetFocus() == GetDlgItem(Form(), IDCANCEL) && Key(VK_TAB); },
+        [] { return Template().IsEmpty() && PressKey(VK_SPACE)(); }, // selecting alone adds nothing
+        [] {
+            return Template() == L"[album]" && GetFocus() == Edit() && SetFocus(List()) && PressKey(VK_TAB)();
+        },
+        [] { return GetFocus() == GetDlgItem(Form(), IDOK) && PressKey(VK_TAB)(); },
+        [] { return GetFocus() == GetDlgItem(Form(), IDCANCEL) && PressKey(VK_TAB)(); },
         [] { return GetFocus() == Edit() && Press(IDCANCEL); },
     };
     XString naming;
@@ -111,7 +110,6 @@ TEST(NamingDialog, ExampleFollowsTyping) {
         [] {
             for (const wchar_t ch : {L':', L'\\', L'[', L'd', L'i', L's', L'c', L']', L'\\'})
                 PostMessageW(Edit(), WM_CHAR, static_cast<WPARAM>(ch), 0);
-            return true;
         },
         [] { return Template() == L"[title]:\\[disc]\\" && Example() == L"Holiday;\\1" && Press(IDCANCEL); },
     };

@@ -79,10 +79,3 @@ SetUpForm::Step SetUpForm::Press(int button) {
 SetUpForm::Step SetUpForm::Type(int edit, const wchar_t* text) {
     return [edit, text] { return At(edit) && SetWindowTextW(At(edit), text); };
 }
-
-SetUpForm::Step SetUpForm::Answer(const wchar_t* boxText, int button) {
-    return [boxText, button] {
-        const HWND box = FindBox(boxText);
-        return box && PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
-    };
-}

@@ -34,7 +34,6 @@ protected:
     [[nodiscard]] static Step Choose(const wchar_t* row); // of the encoder list, as the user does
     [[nodiscard]] static Step Press(int button);
     [[nodiscard]] static Step Type(int edit, const wchar_t* text);
-    [[nodiscard]] static Step Answer(const wchar_t* boxText, int button);
     [[nodiscard]] static Step Until(std::function<bool()> condition) { return condition; }
 
     TestSettings settings;
