@@ -41,13 +41,12 @@ TEST(CommandLine, Outcomes) {
     };
     for (const CommandRow& row : rows) {
         const clCommandLine line = Read(row.tail);
-        const XString name = row.tail;
-        EXPECT_EQ(static_cast<int>(line.command), static_cast<int>(row.command))
-            << testing::PrintToString(name);
-        EXPECT_EQ(line.listFile, XString(row.listFile)) << testing::PrintToString(name);
-        EXPECT_EQ(line.codec, XString(row.codec)) << testing::PrintToString(name);
-        EXPECT_EQ(line.skipSetUp, row.skipSetUp) << testing::PrintToString(name);
-        EXPECT_EQ(line.isListAlone, row.isListAlone) << testing::PrintToString(name);
+        SCOPED_TRACE(testing::PrintToString(XString(row.tail)));
+        EXPECT_EQ(static_cast<int>(line.command), static_cast<int>(row.command));
+        EXPECT_EQ(line.listFile, XString(row.listFile));
+        EXPECT_EQ(line.codec, XString(row.codec));
+        EXPECT_EQ(line.skipSetUp, row.skipSetUp);
+        EXPECT_EQ(line.isListAlone, row.isListAlone);
     }
 }
 

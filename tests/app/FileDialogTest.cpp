@@ -48,7 +48,6 @@ protected:
             const int control = GetDlgItem(dialog, nameEdit) ? nameEdit : nameCombo;
             SetDlgItemTextW(dialog, control, names);
             PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED), 0);
-            return true;
         });
     }
     TestSettings settings;
