@@ -80,6 +80,7 @@ void FormDriver::TryStep() {
 void FormDriver::GiveUp() {
     ADD_FAILURE() << "step " << next << " did not come about in " << limitMs << " ms";
     start = GetTickCount();
+    EndMenu();
     while (const HWND open = FindTop([](HWND window) {
                return ClassOf(window) == L"#32770" && GetPropW(window, L"tm-ended") == nullptr;
            })) {

@@ -82,6 +82,9 @@ TEST_F(XDropListTest, SetsItsHeightsItself) {
     Start(CBS_DROPDOWNLIST);
     EXPECT_EQ(SendMessageW(list.Combo, CB_GETITEMHEIGHT, 0, 0), 31);
     EXPECT_GE(SendMessageW(list.Combo, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0), 31);
+    MEASUREITEMSTRUCT measure{ODT_COMBOBOX, comboId, 0, 0, 0, 0};
+    SendMessageW(form.Hwnd, WM_MEASUREITEM, comboId, reinterpret_cast<LPARAM>(&measure));
+    EXPECT_EQ(measure.itemHeight, 31U);
 }
 
 TEST_F(XDropListTest, KeepsRowsBesideThoseOfTheCombo) {
