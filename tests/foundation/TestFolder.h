@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 class TestFolder : public testing::Test {
 protected:
     void SetUp() override {
@@ -20,6 +22,11 @@ protected:
         EXPECT_TRUE(file.Open(GENERIC_WRITE, CREATE_ALWAYS));
         EXPECT_TRUE(file.Write(bytes, count));
         return file.path;
+    }
+    std::string Content(const wchar_t* name) {
+        XBuffer bytes;
+        return ReadWholeFile(folder + name, bytes) ? std::string(bytes.Bytes(), bytes.Bytes() + bytes.size)
+                                                   : "no file";
     }
     XString folder;
 };

@@ -1,9 +1,6 @@
 // The effect "Delete Source File" through its exports, with real files and the system's recycle bin.
 #include "EffectDriver.h"
 
-#include "foundation/XFile.h"
-#include "foundation/XFileSystem.h"
-
 namespace {
 
 // Where Wine's recycle bin has a deleted file.
@@ -16,38 +13,17 @@ XString InRecycleBin(const wchar_t* name) {
 class DeleteSource : public EffectDriver {
 protected:
     DeleteSource() : EffectDriver(L"Delete Source File") {}
-    void SetUp() override {
-        SetDllDirectoryW(TestedProgramFolder()); // where the decoder's libraries stand
-        EffectDriver::SetUp();
-        folder = TempFolder() + L"delete " + DecimalText(GetCurrentProcessId()) + L"\\";
-        ASSERT_TRUE(MakeFolders(folder));
-    }
-    void TearDown() override {
-        DeleteTree(folder);
-        EffectDriver::TearDown();
-    }
     // A wave file of so many frames, of which some are missing; or, with frames 0, rubbish.
     XString Put(const wchar_t* name, std::size_t frames, std::size_t missing = 0) {
         EncoderDriver wave(L"Wave");
-        const AudioFormatRecord format = IntegerFormat(2, 16, 8000);
+        const AudioFormatRecord format = PcmRecord(2, 16, 8000);
         if (frames > 0)
             EXPECT_TRUE(wave.Convert(format, TestSignal(format, frames)));
         else
             wave.bytes.assign(5000, 'x');
-        XFile file(folder + name);
-        EXPECT_TRUE(file.Open(GENERIC_WRITE, CREATE_ALWAYS));
-        EXPECT_TRUE(file.Write(wave.bytes.data(), static_cast<DWORD>(wave.bytes.size() - missing * 4)));
-        return folder + name;
+        return EffectDriver::Put(name, wave.bytes.data(),
+                                 static_cast<DWORD>(wave.bytes.size() - missing * 4));
     }
-    void AddRow(const XString& source, const XString& output) {
-        const XString key = L"file" + DecimalText(++rows);
-        results.Add(key + L"_in", source);
-        results.Add(key + L"_out", output);
-    }
-
-    XString folder;
-    XTagList results;
-    int rows = 0;
 };
 
 TEST_F(DeleteSource, DeletesOnlyWhatStandsWholeElsewhere) {
@@ -75,15 +51,14 @@ TEST_F(DeleteSource, DeletesOnlyWhatStandsWholeElsewhere) {
     ASSERT_TRUE(CreateHardLinkW(folder + L"link.wav", Put(L"linked.wav", 20000), nullptr));
     AddRow(folder + L"linked.wav", folder + L"link.wav");
 
-    EXPECT_FALSE(EndBatch(results, L""));
+    EXPECT_FALSE(EndBatch(L""));
     for (const Row& row : fileRows) {
-        EXPECT_EQ(!PathExists(folder + row.name + L".wav"), row.goes)
-            << testing::PrintToString(XString(row.name));
+        EXPECT_EQ(!PathExists(folder + row.name + L".wav"), row.goes) << row.name;
         EXPECT_EQ(LastError().Find(XString(row.name) + L".wav' stays") == 0, row.goes);
         EXPECT_TRUE(PathExists(folder + row.name + L" out.wav"));
     }
     for (const wchar_t* name : {L"no output.wav", L"two outputs.wav", L"read-only.wav", L"linked.wav"})
-        EXPECT_TRUE(PathExists(folder + name)) << testing::PrintToString(XString(name));
+        EXPECT_TRUE(PathExists(folder + name)) << name;
     ClearReadOnly(guarded);
 }
 
@@ -91,10 +66,10 @@ TEST_F(DeleteSource, OtherLengthsOnlyWhenTold) {
     const XString name = L"deleted " + DecimalText(GetCurrentProcessId()) + L".wav";
     const XString source = Put(name, 20000);
     AddRow(source, Put(L"b.wav", 500));
-    EXPECT_FALSE(EndBatch(results, L"-otherlength=\"yes\"")) << "no such value";
-    EXPECT_FALSE(EndBatch(results, L""));
+    EXPECT_FALSE(EndBatch(L"-otherlength=\"yes\"")) << "no such value";
+    EXPECT_FALSE(EndBatch(L""));
     EXPECT_TRUE(PathExists(source));
-    EXPECT_TRUE(EndBatch(results, L"-otherlength")) << testing::PrintToString(LastError());
+    EXPECT_TRUE(EndBatch(L"-otherlength")) << LastError().Text();
     EXPECT_FALSE(PathExists(source));
     EXPECT_TRUE(DeleteOneFile(InRecycleBin(name)));
 }

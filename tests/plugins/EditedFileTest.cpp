@@ -1,17 +1,11 @@
 // Files that are changed as a whole or not at all.
 #include "plugins/dsp/EditedFile.h"
 
-#include "foundation/XFile.h"
 #include "tests/foundation/TestFolder.h"
 
 namespace {
 
 class EditedFileTest : public TestFolder {};
-
-std::string Read(const XString& path) {
-    XBuffer bytes;
-    return ReadWholeFile(path, bytes) ? std::string(bytes.Bytes(), bytes.Bytes() + bytes.size) : "no file";
-}
 
 struct EditRow {
     std::size_t size, at, removed;
@@ -33,9 +27,9 @@ TEST_F(EditedFileTest, ChangesAreThereAfterCommitAlone) {
         const std::string added = row.added;
         file.Content().Replace(row.at, row.removed, reinterpret_cast<const unsigned char*>(added.data()),
                                added.size());
-        EXPECT_EQ(Read(path), plain);
-        ASSERT_TRUE(file.Commit()) << testing::PrintToString(file.Error());
-        EXPECT_TRUE(Read(path) == plain.replace(row.at, row.removed, added)) << &row - editRows;
+        EXPECT_EQ(Content(L"a \u00fc.bin"), plain);
+        ASSERT_TRUE(file.Commit()) << file.Error().Text();
+        EXPECT_TRUE(Content(L"a \u00fc.bin") == plain.replace(row.at, row.removed, added)) << &row - editRows;
         EXPECT_FALSE(PathExists(path + L".1.tmp"));
     }
 }
@@ -56,7 +50,7 @@ TEST_F(EditedFileTest, AFileInUseStaysWhole) {
     ASSERT_TRUE(reader.Open(GENERIC_READ, OPEN_EXISTING));
     EXPECT_FALSE(file.Commit());
     reader.Close();
-    EXPECT_TRUE(Read(path) == plain);
+    EXPECT_TRUE(Content(L"a.bin") == plain);
     EXPECT_FALSE(PathExists(path + L".1.tmp"));
 }
 

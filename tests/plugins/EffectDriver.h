@@ -1,31 +1,25 @@
-// An effect library that acts at the end of a batch, driven through its exports.
+// An effect library that acts at the end of a batch, driven as the program does, in a folder of its own.
 #pragma once
 
 #include "EncoderDriver.h"
+#include "host/clZtDSP.h"
+#include "tests/foundation/TestFolder.h"
 
-#include <gtest/gtest.h>
-
-class EffectDriver : public testing::Test {
+class EffectDriver : public TestFolder {
 protected:
-    explicit EffectDriver(const wchar_t* name) : name(name) {}
-    void SetUp() override {
-        module.Reset(LoadLibraryW(TestedProgramFolder() + L"DSPs\\" + name + L".dll"));
-        ASSERT_TRUE(module.IsValid());
-        Bind(create, "DSP_Create");
-        Bind(destroy, "DSP_Destroy");
-        Bind(get, "DSP_Get");
-        Bind(begin, "DSP_BeginConversion");
+    explicit EffectDriver(const wchar_t* name) {
+        SetDllDirectoryW(TestedProgramFolder()); // where the decoder's libraries stand
         PluginCreateBlock block{};
-        instance = create(&block);
-        ASSERT_NE(instance, nullptr);
+        EXPECT_TRUE(library.Load(TestedProgramFolder() + L"DSPs\\" + name + L".dll") &&
+                    library.Recreate(&block));
     }
-    void TearDown() override {
-        if (instance)
-            destroy(instance);
+    // A row of the list `results`.
+    void AddRow(const XString& source, const XString& output) {
+        const XString key = L"file" + DecimalText(++rows);
+        results.Add(key + L"_in", source);
+        results.Add(key + L"_out", output);
     }
-    bool EndBatch(const XTagList& results, const XString& settings) {
-        return TellBatch(L"BatchEndConversion", results, settings);
-    }
+    bool EndBatch(const XString& settings) { return TellBatch(L"BatchEndConversion", results, settings); }
     bool TellBatch(const wchar_t* key, const XTagList& list, const XString& settings) {
         XBuffer image;
         EXPECT_TRUE(list.Serialize(image));
@@ -34,31 +28,15 @@ protected:
         params.data = image.data;
         params.dataSize = static_cast<std::uint32_t>(image.size);
         params.text1 = settings;
-        return get(instance, key, &params) != 0;
+        return library.AskGet(key, params) != 0;
     }
     XString LastError() {
         PluginParams params{};
-        return get(instance, L"Last Error", &params) != 0 ? XString(params.text1) : XString();
+        return library.AskGet(L"Last Error", params) != 0 ? XString(params.text1) : XString();
     }
-    std::int32_t Begin() {
-        DspBeginBlock block{};
-        block.size = sizeof block;
-        return begin(instance, &block);
-    }
+    XTagList results;
 
 private:
-    template <class Function>
-    void Bind(Function& function, const char* exportName) {
-        function =
-            reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module.Get(), exportName)));
-        ASSERT_NE(function, nullptr) << exportName;
-    }
-
-    const wchar_t* name;
-    XModule module;
-    DspCreate create = nullptr;
-    DspDestroy destroy = nullptr;
-    DspGet get = nullptr;
-    DspBeginConversion begin = nullptr;
-    ZtInstance instance = nullptr;
+    clZtDSP library;
+    int rows = 0;
 };

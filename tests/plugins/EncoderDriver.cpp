@@ -1,10 +1,11 @@
 // The worker's side of the encoder contract, reduced to what the tests need.
 #include "EncoderDriver.h"
 
-#include "foundation/XBuffer.h"
 #include "foundation/XFile.h"
 #include "foundation/XFileSystem.h"
 #include "foundation/XPath.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
@@ -22,20 +23,9 @@ XString TestedProgramFolder() {
     return AddBackslash(folder) + L"Tonemill\\";
 }
 
-AudioFormatRecord IntegerFormat(int channels, int bits, std::uint32_t frequency) {
-    AudioFormatRecord format{};
-    format.sampleKind = ztSampleInteger;
-    format.channels = static_cast<std::uint16_t>(channels);
-    format.bitsPerSample = static_cast<std::uint16_t>(bits);
-    format.frequency = frequency;
-    format.sampleBytes = 4;
-    return format;
-}
-
-AudioFormatRecord FloatFormat(int channels, std::uint32_t frequency) {
-    AudioFormatRecord format = IntegerFormat(channels, 32, frequency);
-    format.sampleKind = ztSampleFloat;
-    format.flags = ztFormatLossless;
+AudioFormatRecord FormatOf(int channels, int bits, std::uint32_t frequency) {
+    AudioFormatRecord format = PcmRecord(channels, bits, frequency);
+    format.flags = bits == 0 ? ztFormatLossless : 0u;
     return format;
 }
 
@@ -59,35 +49,13 @@ std::vector<std::int32_t> TestSignal(const AudioFormatRecord& format, std::size_
     return samples;
 }
 
-template <class Function>
-void EncoderDriver::Bind(Function& function, const char* name) {
-    function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module.Get(), name)));
-}
-
 EncoderDriver::EncoderDriver(const wchar_t* name) {
     const XString folder = TestedProgramFolder();
     SetDllDirectoryW(folder); // where the libraries stand that plug-ins import
-    module.Reset(LoadLibraryW(folder + L"encoder\\" + name + L".dll"));
-    if (!module.IsValid())
-        return;
-    EncoderCreate create = nullptr;
-    Bind(create, "ENC_Create");
-    Bind(destroy, "ENC_Destroy");
-    Bind(get, "ENC_Get");
-    Bind(showPanel, "ENC_ShowConfigBit");
-    Bind(removePanel, "ENC_RemoveConfigBit");
-    Bind(begin, "ENC_BeginConversion");
-    Bind(encode, "ENC_EncodeBlock");
-    Bind(end, "ENC_EndConversion");
     PluginCreateBlock block{};
-    instance = create(&block);
-    if (output.MakeNew(L"enc"))
-        outputPath = output;
-}
-
-EncoderDriver::~EncoderDriver() {
-    if (instance)
-        destroy(instance);
+    EXPECT_TRUE(library.Load(folder + L"encoder\\" + name + L".dll") && library.Recreate(&block));
+    EXPECT_TRUE(output.MakeNew(L"enc"));
+    outputPath = output;
 }
 
 bool EncoderDriver::Convert(const AudioFormatRecord& format, const std::vector<std::int32_t>& samples,
@@ -102,17 +70,18 @@ bool EncoderDriver::Convert(const AudioFormatRecord& format, const std::vector<s
         block.tagData = image.data;
         block.tagDataSize = static_cast<std::uint32_t>(image.size);
     }
-    if (!begin(instance, &block))
+    if (!library.instance || !library.ENC_BeginConversion(library.instance, &block))
         return false;
     const std::size_t frames = samples.size() / format.channels;
     std::size_t done = 0;
     for (std::size_t i = 0; done < frames; ++i) {
         const std::size_t run = std::min(frames - done, blockFrames[i % std::size(blockFrames)]);
-        if (!encode(instance, samples.data() + done * format.channels, static_cast<std::uint32_t>(run)))
+        if (!library.ENC_EncodeBlock(library.instance, samples.data() + done * format.channels,
+                                     static_cast<std::uint32_t>(run)))
             return false;
         done += run;
     }
-    if (!end(instance, 1))
+    if (!library.ENC_EndConversion(library.instance, 1))
         return false;
     XBuffer file;
     if (!ReadWholeFile(outputPath, file))
@@ -121,25 +90,13 @@ bool EncoderDriver::Convert(const AudioFormatRecord& format, const std::vector<s
     return true;
 }
 
-XString EncoderDriver::LastError() {
+XString EncoderDriver::Text(const wchar_t* key) const {
     PluginParams params{};
-    return get(instance, L"Last Error", &params) ? XString(params.text1) : XString();
+    return library.AskGet(key, params) ? XString(params.text1) : XString();
 }
 
-std::uint64_t LittleAt(const std::vector<unsigned char>& bytes, std::size_t at, int count) {
-    std::uint64_t value = 0;
-    for (int i = count - 1; i >= 0; --i)
-        value =
-            value << 8 |
-            (at + static_cast<std::size_t>(i) < bytes.size() ? bytes[at + static_cast<std::size_t>(i)] : 0);
-    return value;
-}
-
-std::uint64_t BigAt(const std::vector<unsigned char>& bytes, std::size_t at, int count) {
-    std::uint64_t value = 0;
-    for (int i = 0; i < count; ++i)
-        value =
-            value << 8 |
-            (at + static_cast<std::size_t>(i) < bytes.size() ? bytes[at + static_cast<std::size_t>(i)] : 0);
-    return value;
+XString EncoderDriver::SettingsFault(const wchar_t* settings) const {
+    PluginParams params{};
+    params.text1 = settings;
+    return library.AskGet(L"Check Settings", params) ? XString() : XString(params.text2);
 }

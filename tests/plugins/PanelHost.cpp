@@ -2,7 +2,7 @@
 
 #include "EncoderDriver.h"
 
-#include <string>
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -54,49 +54,25 @@ void PanelHost::PressKey(WPARAM key) const {
     }
 }
 
-template <class Function>
-void PanelDriver::Bind(Function& function, const char* name) {
-    const std::string full = std::string(isEncoder ? "ENC_" : "DSP_") + name;
-    function =
-        reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module.Get(), full.c_str())));
-}
-
-PanelDriver::PanelDriver(const wchar_t* library) : isEncoder(XString(library).StartsWith(L"encoder")) {
-    const XString folder = TestedProgramFolder();
+PanelDriver::PanelDriver(const wchar_t* name) : isEncoder(XString(name).StartsWith(L"encoder")) {
+    const XString folder = TestedProgramFolder(), path = folder + name + L".dll";
     SetDllDirectoryW(folder); // where the libraries stand that plug-ins import
-    module.Reset(LoadLibraryW(folder + library + L".dll"));
-    if (!module.IsValid())
-        return;
-    EncoderCreate create = nullptr; // effects have the same forms of these five
-    Bind(create, "Create");
-    Bind(destroy, "Destroy");
-    Bind(get, "Get");
-    Bind(showPanel, "ShowConfigBit");
-    Bind(removePanel, "RemoveConfigBit");
     PluginCreateBlock block{};
-    instance = create(&block);
-}
-
-PanelDriver::~PanelDriver() {
-    Destroy();
-}
-
-void PanelDriver::Destroy() {
-    if (instance)
-        destroy(instance);
-    instance = nullptr;
+    EXPECT_TRUE(isEncoder ? encoder.Load(path) && encoder.Recreate(&block)
+                          : effect.Load(path) && effect.Recreate(&block));
 }
 
 HWND PanelDriver::Show(const PanelHost& host, const wchar_t* settings) {
     const RECT place = host.InPixels(21, 33, 300, 120);
-    showPanel(instance, host.window, place.left, place.top, settings);
+    isEncoder ? encoder.ShowConfig(host.window, place.left, place.top, settings)
+              : effect.ShowConfig(host.window, place.left, place.top, settings);
     return FindWindowExW(host.window, nullptr, L"#32770", nullptr);
 }
 
 bool PanelDriver::Accepts(const wchar_t* settings) {
     PluginParams params{};
     params.text1 = settings;
-    return !isEncoder || get(instance, L"Check Settings", &params) != 0;
+    return !isEncoder || encoder.AskGet(L"Check Settings", params) != 0;
 }
 
 std::vector<HWND> TabStops(HWND dialog) {

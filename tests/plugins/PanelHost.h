@@ -1,9 +1,8 @@
 // A dialog as the program has them, and a plug-in library's panel on it.
 #pragma once
 
-#include "contract/Plugin.h"
-#include "foundation/XHandles.h"
-#include "foundation/XString.h"
+#include "host/clZtDSP.h"
+#include "host/clZtEncoder.h"
 
 #include <vector>
 
@@ -26,27 +25,20 @@ public:
 
 class PanelDriver {
 public:
-    explicit PanelDriver(const wchar_t* library); // such as L"encoder\\Wave"
-    ~PanelDriver();
+    explicit PanelDriver(const wchar_t* name); // such as L"encoder\\Wave"
 
     HWND Show(const PanelHost& host, const wchar_t* settings); // the panel's window, or null
-    [[nodiscard]] XString Remove(HWND parent) { return removePanel(instance, parent); }
-    [[nodiscard]] XString Live() { return removePanel(instance, ztKeepPanel); }
+    [[nodiscard]] XString Remove(HWND parent) {
+        return isEncoder ? encoder.RemoveConfig(parent) : effect.RemoveConfig(parent);
+    }
+    [[nodiscard]] XString Live() { return Remove(static_cast<HWND>(ztKeepPanel)); }
     [[nodiscard]] bool Accepts(const wchar_t* settings); // encoders only
-    void Destroy();
-
-    ZtInstance instance = nullptr;
+    void Destroy() { isEncoder ? encoder.DestroyInstance() : effect.DestroyInstance(); }
 
 private:
-    template <class Function>
-    void Bind(Function& function, const char* name);
-
-    XModule module;
     bool isEncoder;
-    EncoderDestroy destroy = nullptr;
-    EncoderGet get = nullptr;
-    EncoderShowConfigBit showPanel = nullptr;
-    EncoderRemoveConfigBit removePanel = nullptr;
+    clZtEncoder encoder; // one of them is used
+    clZtDSP effect;
 };
 
 // Tab stops of a dialog in the order of Tab, those of child dialogs included.

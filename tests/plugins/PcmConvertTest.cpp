@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <limits>
 
 namespace {
@@ -68,24 +67,6 @@ TEST(PcmConvert, DitherKeepsTheMean) {
     const Ints loudest(100, 8388607);
     for (const std::int32_t value : Converted(false, 24, 16, loudest.data(), loudest.size()))
         ASSERT_TRUE(value >= 32765 && value <= 32767) << value; // never wraps
-}
-
-TEST(PcmConvert, PacksLittleEndian) {
-    const Ints in = {-2, 0x010203};
-    unsigned char out[8];
-    PackSamples(in.data(), out, 2, 3, SampleOrder::wave);
-    const unsigned char expected[] = {0xFE, 0xFF, 0xFF, 0x03, 0x02, 0x01};
-    EXPECT_EQ(std::memcmp(out, expected, sizeof expected), 0);
-    const Ints bytes = {-128, 0, 127};
-    PackSamples(bytes.data(), out, 3, 1, SampleOrder::wave);
-    EXPECT_EQ(out[0], 0);
-    EXPECT_EQ(out[1], 128);
-    EXPECT_EQ(out[2], 255);
-    float scaled[2];
-    const Ints scale = {-32768, 16384};
-    IntToFloat(scale.data(), scaled, 2, 16);
-    EXPECT_EQ(scaled[0], -1.0f);
-    EXPECT_EQ(scaled[1], 0.5f);
 }
 
 TEST(PcmFormat, RefusesWhatNobodyCouldEncode) {

@@ -1,75 +1,112 @@
-// AIFF and Wave64 through their exports. What all three PCM encoders do alike is tested with Wave.
+// Wave, AIFF and Wave64 through their exports: the samples that went in, and sizes that lead around them.
 #include "EncoderDriver.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 namespace {
+
+struct FileKind {
+    const wchar_t* encoder;
+    bool isBig;
+    std::size_t sizeAt, sizeBytes, sizeMissing; // of the file's own size
+    const char* dataId;
+    std::size_t dataHead;  // bytes from the id to the samples
+    std::size_t dataExtra; // that the chunk's size counts beside them
+    std::size_t alignment;
+    const char* behind; // the id of what follows the samples, or none
+};
+constexpr FileKind kinds[] = {{L"Wave", false, 4, 4, 8, "data", 8, 0, 2, "LIST"},
+                              {L"AIFF", true, 4, 4, 8, "SSND", 16, 8, 2, "ID3 "},
+                              {L"Wave64", false, 16, 8, 0, "data", 24, 24, 8, ""}};
 
 struct PcmRow {
     int channels, bits; // 0 bits: float
     std::size_t frames;
 };
-
-constexpr PcmRow rows[] = {{2, 16, 3001}, {1, 8, 777}, {1, 24, 1},  {6, 16, 503},
-                           {2, 32, 99},   {1, 12, 33}, {2, 0, 101}, {2, 16, 0}};
-
-// The samples that stand from `at` on are those that went in.
-void ExpectSamples(const EncoderDriver& encoder, std::size_t at, const PcmRow& row,
-                   const std::vector<std::int32_t>& samples, bool isBig) {
-    const int width = row.bits == 0 ? 4 : (row.bits + 7) / 8;
-    const int shift = row.bits == 0 ? 0 : width * 8 - row.bits;
-    const std::uint64_t mask = (std::uint64_t(1) << (width * 8)) - 1;
-    for (std::size_t i = 0; i < samples.size(); ++i) {
-        std::uint64_t expected = static_cast<std::uint64_t>(std::int64_t(samples[i]) * (1 << shift));
-        if (width == 1 && !isBig)
-            expected += 128;
-        const std::size_t place = at + i * static_cast<std::size_t>(width);
-        ASSERT_EQ(isBig ? BigAt(encoder.bytes, place, width) : LittleAt(encoder.bytes, place, width),
-                  expected & mask)
-            << i;
-    }
-}
-
-std::size_t PlaceOf(const std::vector<unsigned char>& file, const char* id) {
-    const std::string text(file.begin(), file.end());
-    const std::size_t at = text.find(id);
-    return at == std::string::npos ? file.size() : at;
-}
+constexpr PcmRow rows[] = {{2, 16, 30011}, {1, 8, 777}, {1, 24, 1},  {6, 16, 503},
+                           {2, 32, 99},    {1, 12, 33}, {2, 0, 101}, {2, 16, 0}};
 
 TEST(PcmFiles, HoldTheSamplesAndTheSizes) {
-    for (const PcmRow& row : rows) {
-        SCOPED_TRACE(row.bits);
-        const AudioFormatRecord format =
-            row.bits == 0 ? FloatFormat(row.channels, 48000) : IntegerFormat(row.channels, row.bits, 48000);
-        const std::vector<std::int32_t> samples = TestSignal(format, row.frames);
-        XTagList tags;
-        tags.Add(L"title", L"Caf\u00e9");
-        EncoderDriver aiff(L"AIFF");
-        ASSERT_TRUE(aiff.Convert(format, samples, L"", &tags));
-        EXPECT_EQ(BigAt(aiff.bytes, 4, 4), aiff.bytes.size() - 8);
-        const std::size_t sound = PlaceOf(aiff.bytes, "SSND");
-        ExpectSamples(aiff, sound + 16, row, samples, true);
-        const std::size_t behind = sound + 8 + static_cast<std::size_t>(BigAt(aiff.bytes, sound + 4, 4));
-        EXPECT_EQ(PlaceOf(aiff.bytes, "ID3 "), behind + behind % 2);
+    XTagList tags;
+    tags.Add(L"title", L"Caf\u00e9");
+    for (const FileKind& kind : kinds)
+        for (const PcmRow& row : rows) {
+            SCOPED_TRACE(testing::Message() << kind.encoder << row.bits);
+            const auto number = kind.isBig ? BigAt : LittleAt;
+            const AudioFormatRecord format = FormatOf(row.channels, row.bits, 48000);
+            const std::vector<std::int32_t> samples = TestSignal(format, row.frames);
+            EncoderDriver encoder(kind.encoder);
+            ASSERT_TRUE(encoder.Convert(format, samples, L"", &tags));
+            const ByteVector& file = encoder.bytes;
+            EXPECT_EQ(number(file, kind.sizeAt, kind.sizeBytes), file.size() - kind.sizeMissing);
 
-        EncoderDriver wave64(L"Wave64");
-        ASSERT_TRUE(wave64.Convert(format, samples, L"", &tags));
-        EXPECT_EQ(LittleAt(wave64.bytes, 16, 8), wave64.bytes.size());
-        const std::size_t data = PlaceOf(wave64.bytes, "data");
-        ExpectSamples(wave64, data + 24, row, samples, false);
-        const std::size_t end = data + static_cast<std::size_t>(LittleAt(wave64.bytes, data + 16, 8));
-        EXPECT_EQ(wave64.bytes.size(), (end + 7) / 8 * 8);
-        const std::size_t name = PlaceOf(wave64.bytes, "INAM"); // behind the list's head, before the samples
-        EXPECT_EQ((LittleAt(wave64.bytes, name - 12, 8) + 7) / 8 * 8, data - (name - 28));
+            const std::size_t width = row.bits == 0 ? 4 : static_cast<std::size_t>(row.bits + 7) / 8;
+            const int shift = row.bits == 0 ? 0 : static_cast<int>(width * 8) - row.bits;
+            const std::uint64_t mask = (std::uint64_t{1} << (width * 8)) - 1;
+            const std::size_t data = TextOf(file).find(kind.dataId);
+            const std::size_t first = data + kind.dataHead, end = first + samples.size() * width;
+            EXPECT_EQ(number(file, first - (kind.isBig ? 12 : kind.sizeBytes), kind.sizeBytes),
+                      samples.size() * width + kind.dataExtra);
+            for (std::size_t i = 0; i < samples.size(); ++i) {
+                const std::int64_t sample = std::int64_t{samples[i]} * (1 << shift) +
+                                            (width == 1 && !kind.isBig ? 128 : 0); // unsigned
+                ASSERT_EQ(number(file, first + i * width, width), static_cast<std::uint64_t>(sample) & mask)
+                    << i;
+            }
+            const std::size_t next = (end + kind.alignment - 1) / kind.alignment * kind.alignment;
+            if (*kind.behind) {
+                EXPECT_TRUE(HasId(file, next, kind.behind));
+                EXPECT_NE(TextOf(file).find("ID3\4"), std::string::npos);
+            } else {
+                EXPECT_EQ(file.size(), next);
+                EXPECT_LT(TextOf(file).find("INAM"), data); // readers find it whatever the length
+            }
+        }
+}
+
+TEST(PcmFiles, FloatsOfALossyCodingGet16Bits) {
+    EncoderDriver encoder(L"Wave");
+    AudioFormatRecord format = FormatOf(2, 0, 48000);
+    format.flags = 0;
+    ASSERT_TRUE(encoder.Convert(format, TestSignal(format, 4001)));
+    EXPECT_EQ(LittleAt(encoder.bytes, TextOf(encoder.bytes).find("data") + 4, 4), 4001u * 2 * 2);
+}
+
+struct ChangeRow {
+    const wchar_t* settings;
+    std::uint64_t channels, frequency, bits;
+    std::size_t frames; // of 10000 at 48000 Hz
+};
+constexpr ChangeRow changes[] = {
+    {L"-format=\"24\"", 2, 48000, 24, 10000},
+    {L"-format=\"float\"", 2, 48000, 32, 10000},
+    {L"-format=\"8\"", 2, 48000, 8, 10000},
+#ifdef TM_HAS_CODECS
+    {L"-rate=\"44100\"", 2, 44100, 16, 9188}, // 9187.5
+    {L"-rate=\"96000\" -channels=\"1\"", 1, 96000, 16, 20000},
+    {L"-channels=\"6\"", 6, 48000, 16, 10000},
+#endif
+};
+
+TEST(PcmFiles, ChangeWhatTheirSettingsSay) {
+    EncoderDriver encoder(L"Wave");
+    const AudioFormatRecord format = PcmRecord(2, 16, 48000);
+    for (const ChangeRow& row : changes) {
+        SCOPED_TRACE(row.settings);
+        ASSERT_TRUE(encoder.Convert(format, TestSignal(format, 10000), row.settings));
+        const std::size_t at = TextOf(encoder.bytes).find("fmt ") + 8;
+        EXPECT_EQ(LittleAt(encoder.bytes, at + 2, 2), row.channels);
+        EXPECT_EQ(LittleAt(encoder.bytes, at + 4, 4), row.frequency);
+        EXPECT_EQ(LittleAt(encoder.bytes, at + 14, 2), row.bits);
+        EXPECT_EQ(LittleAt(encoder.bytes, TextOf(encoder.bytes).find("data") + 4, 4),
+                  row.frames * row.channels * row.bits / 8);
     }
 }
 
 // An exact length tells in front that a file would be too large; a guess does not count.
 TEST(PcmFiles, AiffEndsAt4Gigabytes) {
     EncoderDriver aiff(L"AIFF");
-    AudioFormatRecord format = IntegerFormat(2, 16, 44100);
+    AudioFormatRecord format = PcmRecord(2, 16, 44100);
     struct {
         std::uint64_t frames;
         const wchar_t* settings;

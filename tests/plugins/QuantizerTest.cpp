@@ -145,17 +145,16 @@ TEST(ResampleTarget, FollowsTheSettings) {
         source.frequency = row.rate;
         ResampleTarget target;
         XString error;
-        ASSERT_TRUE(target.Read(row.settings, source, error)) << testing::PrintToString(error);
-        EXPECT_EQ(target.isFloat ? 0 : target.bits, row.newBits)
-            << testing::PrintToString(XString(row.settings));
-        EXPECT_EQ(target.frequency, row.newRate) << testing::PrintToString(XString(row.settings));
+        ASSERT_TRUE(target.Read(row.settings, source, error)) << error.Text();
+        EXPECT_EQ(target.isFloat ? 0 : target.bits, row.newBits) << row.settings;
+        EXPECT_EQ(target.frequency, row.newRate) << row.settings;
         EXPECT_EQ(target.IsSameAs(source), row.bits == row.newBits && row.rate == row.newRate);
     }
     for (const wchar_t* bad :
          {L"-rate=\"999\"", L"-rate=\"fast\"", L"-bits=\"8\"", L"-dither", L"-gain=\"1\""}) {
         ResampleTarget target;
         XString error;
-        EXPECT_FALSE(target.Read(bad, PcmFormat(), error)) << testing::PrintToString(XString(bad));
+        EXPECT_FALSE(target.Read(bad, PcmFormat(), error)) << bad;
         EXPECT_FALSE(error.IsEmpty());
     }
 }

@@ -44,9 +44,9 @@ TEST(Settings, TellWhatIsWrong) {
         Settings settings;
         XString error;
         const bool good = settings.Parse(row.text, options, error);
-        EXPECT_EQ(good, row.error == nullptr) << testing::PrintToString(XString(row.text));
+        EXPECT_EQ(good, row.error == nullptr) << row.text;
         if (row.error) {
-            EXPECT_GT(error.Find(row.error), 0) << testing::PrintToString(error);
+            EXPECT_GT(error.Find(row.error), 0) << error.Text();
         }
     }
 }

@@ -21,8 +21,7 @@ constexpr TextRow textRows[] = {
 
 TEST(SettingsText, KeepsWhatNobodyChanges) {
     for (const TextRow& row : textRows)
-        EXPECT_EQ(SettingsText(row.text).Text(), XString(row.expected))
-            << testing::PrintToString(XString(row.text));
+        EXPECT_EQ(SettingsText(row.text).Text(), XString(row.expected)) << row.text;
 }
 
 TEST(SettingsText, AnyTextIsStableFromTheSecondPass) {
@@ -39,10 +38,10 @@ TEST(SettingsText, AnyTextIsStableFromTheSecondPass) {
         for (const XString& key : before.keys) {
             XString was, is;
             before.GetValue(key, was);
-            EXPECT_TRUE(after.GetValue(key, is)) << testing::PrintToString(text);
-            EXPECT_EQ(is, was) << testing::PrintToString(text);
+            EXPECT_TRUE(after.GetValue(key, is)) << text.Text();
+            EXPECT_EQ(is, was) << text.Text();
         }
-        EXPECT_EQ(SettingsText(once).Text(), once) << testing::PrintToString(text);
+        EXPECT_EQ(SettingsText(once).Text(), once) << text.Text();
     }
 }
 
@@ -61,8 +60,7 @@ constexpr NumberRow numberRows[] = {
 TEST(SettingsText, BringsNumbersIntoTheRange) {
     for (const NumberRow& row : numberRows) {
         const XString text = XString(L"-n=\"") + row.value + L"\"";
-        EXPECT_EQ(SettingsText(text).Number(L"n", 32, 320, 192), row.expected)
-            << testing::PrintToString(text);
+        EXPECT_EQ(SettingsText(text).Number(L"n", 32, 320, 192), row.expected) << text.Text();
     }
 }
 

@@ -1,45 +1,35 @@
 // Which sources may be deleted after a batch: any doubt keeps them.
 #include "plugins/dsp/SourcesToDelete.h"
 
+#include "ResultList.h"
+
 #include <gtest/gtest.h>
 
 namespace {
 
-struct Row {
-    const wchar_t *source, *output;
-    bool failed = false;
-};
 struct BatchRow {
-    std::vector<Row> rows;
+    const wchar_t* results;
     const wchar_t* mayGo; // first letters of those sources
 };
-const BatchRow batchRows[] = {
-    {{}, L""},
-    {{{L"a", L"A.wav"}, {L"b", L"B.wav"}}, L"ab"},
-    {{{L"a", L"A.wav"}, {L"b", L"B.wav", true}}, L"a"},
-    {{{L"a", L"1"}, {L"b", L"2"}, {L"A", L"3", true}}, L"b"}, // one of its outputs failed
-    {{{L"a", L"A"}}, L""},                                    // in its own place
-    {{{L"a", L"x"}, {L"b", L"A", true}}, L""},                // what a failure has perhaps replaced
-    {{{L"a", L"x"}, {L"b", L"X"}, {L"c", L"y"}}, L"c"},       // the later one stands
-    {{{L"a", L"x"}, {L"a", L"x"}}, L"a"},                     // told twice
-    {{{L"a", L""}}, L""},
+constexpr BatchRow batchRows[] = {
+    {L"", L""},
+    {L"a>A.wav|b>B.wav", L"ab"},
+    {L"a>A.wav|!b>B.wav", L"a"},
+    {L"a>1|b>2|!A>3", L"b"}, // one of its outputs failed
+    {L"a>A", L""},           // in its own place
+    {L"a>x|!b>A", L""},      // what a failure has perhaps replaced
+    {L"a>x|b>X|c>y", L"c"},  // the later one stands
+    {L"a>x|a>x", L"a"},      // told twice
+    {L"a>", L""},
 };
 
 TEST(SourcesToDelete, OnlySourcesWithoutADoubt) {
     for (const BatchRow& row : batchRows) {
-        XTagList results;
-        for (std::size_t i = 0; i < row.rows.size(); ++i) {
-            const XString key = L"file" + DecimalText(static_cast<std::int64_t>(i + 1));
-            results.Add(key + L"_in", row.rows[i].source);
-            results.Add(key + L"_out", row.rows[i].output);
-            if (row.rows[i].failed)
-                results.Add(key + L"_conversionhaderrors", L"");
-        }
         XString going;
-        for (const ConvertedSource& source : ReadConvertedSources(results))
+        for (const ConvertedSource& source : ReadConvertedSources(ResultList(row.results)))
             if (source.mayGo)
                 going += source.path;
-        EXPECT_EQ(going, XString(row.mayGo)) << &row - batchRows;
+        EXPECT_EQ(going, XString(row.mayGo)) << row.results;
     }
 }
 

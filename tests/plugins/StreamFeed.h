@@ -1,22 +1,11 @@
 // Feeds a portable effect its audio in blocks of one size and gathers what it delivers.
 #pragma once
 
-#include "contract/Plugin.h"
+#include "tests/support/PcmRecord.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
-
-inline AudioFormatRecord PcmRecord(int channels, int bits, std::uint32_t frequency, std::uint32_t mask = 0) {
-    AudioFormatRecord format{};
-    format.sampleKind = bits == 0 ? ztSampleFloat : ztSampleInteger;
-    format.bitsPerSample = static_cast<std::uint16_t>(bits == 0 ? 32 : bits);
-    format.sampleBytes = 4;
-    format.channels = static_cast<std::uint16_t>(channels);
-    format.frequency = frequency;
-    format.channelMask = mask;
-    return format;
-}
 
 // Sample is std::int32_t or float. The source is copied block by block, so that the sanitiser sees every
 // step outside; an effect that passes over gives the source back.

@@ -95,7 +95,7 @@ TEST(TagText, ReadsWhateverAPictureSays) {
         XTagList tags;
         TagPicture picture;
         ASSERT_TRUE(ReadPicture(*AddPicture(tags, row.value, "BM", 2), picture));
-        EXPECT_EQ(picture.type, row.type) << testing::PrintToString(XString(row.value));
+        EXPECT_EQ(picture.type, row.type) << row.value;
         EXPECT_EQ(picture.mime, row.mime);
         EXPECT_EQ(picture.description, XString(row.description));
     }

@@ -72,13 +72,13 @@ TEST(Volume, GainByWhatWasMeasured) {
     for (const ChoiceRow& row : choiceRows) {
         VolumeChoice choice;
         XString error;
-        ASSERT_TRUE(choice.Parse(row.settings, error)) << testing::PrintToString(error);
+        ASSERT_TRUE(choice.Parse(row.settings, error)) << error.Text();
         VolumeMeasure measure = {std::nullopt, DbToFactor(row.samplePeak), DbToFactor(row.truePeak)};
         if (row.loudness != none)
             measure.loudness = row.loudness;
         const VolumePlan plan = choice.Plan(&measure);
-        EXPECT_NEAR(plan.gainDb, row.gain, 1e-9) << testing::PrintToString(XString(row.settings));
-        EXPECT_EQ(plan.isLimited, row.isLimited) << testing::PrintToString(XString(row.settings));
+        EXPECT_NEAR(plan.gainDb, row.gain, 1e-9) << row.settings;
+        EXPECT_EQ(plan.isLimited, row.isLimited) << row.settings;
     }
 }
 
@@ -88,7 +88,7 @@ TEST(Volume, RefusesWhatMakesNoSense) {
           L"-loudness=\"off\"", L"-limit=\"0.1\"", L"-gain=\"1\" -peak=\"-1\"", L"-over=\"clip\""}) {
         VolumeChoice choice;
         XString error;
-        EXPECT_FALSE(choice.Parse(settings, error)) << testing::PrintToString(XString(settings));
+        EXPECT_FALSE(choice.Parse(settings, error)) << settings;
         EXPECT_FALSE(error.IsEmpty());
     }
 }

@@ -14,19 +14,15 @@ struct OrderRow {
     const wchar_t* information = L"";
 };
 
-// The source's channels stand in the order of their speaker bits.
+// The source's channels stand in the order of their speaker bits. Usual layouts are judged end to end.
 TEST(VorbisChannels, PutsEachChannelInItsPlace) {
     const OrderRow rows[] = {
-        {1, 0, {0}},
-        {2, 0, {0, 1}},
         {2, 0x30, {0, 1}},
         {3, 0x7, {0, 2, 1}},
         {4, 0x33, {0, 1, 2, 3}},
         {5, 0, {0, 2, 1, 3, 4}},
-        {6, 0x3F, {0, 2, 1, 4, 5, 3}},
         {6, 0x60F, {0, 2, 1, 4, 5, 3}}, // at the sides
         {7, 0x70F, {0, 2, 1, 5, 6, 4, 3}},
-        {8, 0x63F, {0, 2, 1, 6, 7, 4, 5, 3}},
         {3,
          0xB,
          {0, -1, 1, -1, -1, 2},

@@ -35,7 +35,7 @@ TEST(WrittenTags, AreForetold) {
         given.Clear();
         given.Add(row.key, row.value);
         ForetellTags(given, leftOut, row.values, written);
-        ASSERT_EQ(written.Count(), row.writtenKey ? 1 : 0) << testing::PrintToString(XString(row.key));
+        ASSERT_EQ(written.Count(), row.writtenKey ? 1 : 0) << row.key;
         if (row.writtenKey) {
             EXPECT_EQ(written.Get(row.writtenKey), XString(row.written));
         }
