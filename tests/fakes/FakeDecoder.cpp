@@ -5,13 +5,11 @@
 //   FAKE_ENDLESS       claims the last format for every index
 //   FAKE_ABSURD        Open names images of sizes that can't be
 //   FAKE_GATE          Open waits for the event of this name when the source's path holds a '='
-#include "contract/Plugin.h"
+#include "FakeExport.h"
 
 #ifdef FAKE_GATE
 #include <windows.h>
 #endif
-
-#define FAKE_EXPORT extern "C" __declspec(dllexport)
 
 namespace {
 
@@ -27,39 +25,18 @@ int created = 0; // ever
 std::uint32_t lastWanted = 0;
 
 // One short tag and one with a blob of 1100 bytes, which is too much to carry along.
+#pragma pack(push, 1)
 struct Image {
-    unsigned char bytes[2048];
-    std::uint32_t size = 4;
-
-    constexpr Image() : bytes{2} {
-        Add(L"title", L"Blue", 0);
-        Add(L"picture", L"3;image/png;", 1100);
-    }
-    constexpr void Add(const wchar_t* key, const wchar_t* value, std::uint32_t blob) {
-        const std::uint32_t start = size;
-        size += 4;
-        AddText(key);
-        AddText(value);
-        size += blob;
-        for (int i = 0; i < 4; ++i)
-            bytes[start + i] = static_cast<unsigned char>((size - start) >> (8 * i));
-    }
-    constexpr void AddText(const wchar_t* text) {
-        do {
-            bytes[size++] = static_cast<unsigned char>(*text & 255);
-            bytes[size++] = static_cast<unsigned char>(*text >> 8);
-        } while (*text++);
-    }
+    std::uint32_t count = 2;
+    std::uint32_t titleSize = sizeof(titleSize) + sizeof(title);
+    wchar_t title[11] = L"title\0Blue";
+    std::uint32_t pictureSize = sizeof(pictureSize) + sizeof(picture) + sizeof(blob);
+    wchar_t picture[21] = L"picture\0"
+                          L"3;image/png;";
+    unsigned char blob[1100] = {};
 };
+#pragma pack(pop)
 constexpr Image tags;
-
-bool IsKey(const wchar_t* left, const wchar_t* right) {
-    while (*left && *left == *right) {
-        ++left;
-        ++right;
-    }
-    return *left == *right;
-}
 
 } // namespace
 
@@ -78,17 +55,17 @@ FAKE_EXPORT void Destroy(ZtInstance) {
 }
 
 FAKE_EXPORT std::int32_t Get(ZtInstance, const wchar_t* key, PluginParams* params) {
-    if (IsKey(key, L"Test Live"))
+    if (IsText(key, L"Test Live"))
         return live;
-    if (IsKey(key, L"Test Created"))
+    if (IsText(key, L"Test Created"))
         return created;
-    if (IsKey(key, L"Test Wanted"))
+    if (IsText(key, L"Test Wanted"))
         return static_cast<std::int32_t>(lastWanted);
-    if (IsKey(key, L"Decoder Description")) {
+    if (IsText(key, L"Decoder Description")) {
         params->text1 = L"Fake";
         return 1;
     }
-    if (!IsKey(key, L"Decodes"))
+    if (!IsText(key, L"Decodes"))
         return 0;
     std::uint32_t index = params->index;
 #ifdef FAKE_ENDLESS
@@ -126,14 +103,14 @@ FAKE_EXPORT std::int32_t Open(ZtInstance, DecoderOpenBlock* block) {
     block->format.reserved2[15] = 77;
     if (block->wanted == ztOpenFormat)
         return 1;
-    block->tagData = tags.bytes;
-    block->propertyData = tags.bytes;
+    block->tagData = &tags;
+    block->propertyData = &tags;
 #ifdef FAKE_ABSURD
     block->tagDataSize = 0xfffffff0u;
     block->propertyDataSize = 0x80000000u;
 #else
-    block->tagDataSize = tags.size;
-    block->propertyDataSize = tags.size;
+    block->tagDataSize = sizeof(tags);
+    block->propertyDataSize = sizeof(tags);
 #endif
     return 1;
 }

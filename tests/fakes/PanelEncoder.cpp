@@ -8,17 +8,6 @@
 
 namespace {
 
-#ifdef FAKE_NO_SAME_FOLDER
-constexpr bool noSameFolder = true;
-#else
-constexpr bool noSameFolder = false;
-#endif
-#ifdef FAKE_NO_FOLDER
-constexpr bool noFolder = true;
-#else
-constexpr bool noFolder = false;
-#endif
-
 HWND panel = nullptr;
 wchar_t settings[512];
 
@@ -27,8 +16,15 @@ wchar_t settings[512];
 FAKE_EXPORT std::int32_t ENC_Get(ZtInstance, const wchar_t* key, PluginParams* params) {
     if (IsText(key, ZtKey::extension))
         params->text1 = L".fke";
-    return IsText(key, ZtKey::extension) || (noSameFolder && IsText(key, ZtKey::disableSameFolder)) ||
-           (noFolder && IsText(key, ZtKey::disableConvertToFolder));
+#ifdef FAKE_NO_SAME_FOLDER
+    if (IsText(key, ZtKey::disableSameFolder))
+        return 1;
+#endif
+#ifdef FAKE_NO_FOLDER
+    if (IsText(key, ZtKey::disableConvertToFolder))
+        return 1;
+#endif
+    return IsText(key, ZtKey::extension);
 }
 FAKE_EXPORT void ENC_ShowConfigBit(ZtInstance, void* parent, std::int32_t x, std::int32_t y,
                                    const wchar_t* text) {

@@ -2,22 +2,13 @@
 // own ones defines FAKE_OWN_INSTANCE (Create, Destroy), FAKE_OWN_PANEL or FAKE_OWN_AUDIO first.
 #pragma once
 
-#include "contract/Plugin.h"
+#include "FakeExport.h"
 
-#define FAKE_EXPORT extern "C" __declspec(dllexport)
 #ifdef FAKE_EFFECT
 #define FAKE_NAME(name) DSP_##name
 #else
 #define FAKE_NAME(name) ENC_##name
 #endif
-
-inline bool IsText(const wchar_t* left, const wchar_t* right) {
-    while (*left && *left == *right) {
-        ++left;
-        ++right;
-    }
-    return *left == *right;
-}
 
 #ifndef FAKE_OWN_INSTANCE
 FAKE_EXPORT ZtInstance FAKE_NAME(Create)(PluginCreateBlock*) {

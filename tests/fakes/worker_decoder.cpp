@@ -1,7 +1,7 @@
 // A decoder for the worker's tests. A .tone file is a text in 8-bit letters: frames=, exact=, announced=
 // (frames), failat=, hangat=, slow= (ms per block). Sample number n of channel 0 is n, of channel 1 -n.
 // A .fake file is what the fake encoder writes. All have one tag, of two values.
-#include "contract/Plugin.h"
+#include "FakeExport.h"
 #include "worker_numbers.h"
 
 #include <windows.h>
@@ -60,8 +60,6 @@ bool OpenFake(FakeDecoder& self) {
 
 } // namespace
 
-#define FAKE_EXPORT extern "C" __declspec(dllexport)
-
 FAKE_EXPORT ZtInstance Create(PluginCreateBlock*) {
     return new FakeDecoder;
 }
@@ -78,12 +76,12 @@ FAKE_EXPORT void Destroy(ZtInstance instance) {
 }
 
 FAKE_EXPORT std::int32_t Get(ZtInstance, const wchar_t* key, PluginParams* params) {
-    if (std::wcscmp(key, L"Last Error") == 0) {
+    if (IsText(key, L"Last Error")) {
         params->text1 = L"the fake\r\ndecoder's own words";
         return 1;
     }
     constexpr const wchar_t* extensions[] = {L".tone", L".fake"};
-    if (std::wcscmp(key, L"Decodes") != 0 || params->index >= 2)
+    if (!IsText(key, L"Decodes") || params->index >= 2)
         return 0;
     params->text1 = extensions[params->index];
     params->text2 = L"Fake";
@@ -101,7 +99,7 @@ FAKE_EXPORT std::int32_t Open(ZtInstance instance, DecoderOpenBlock* block) {
     if (!self.file)
         return 0;
     const std::size_t length = std::wcslen(block->path);
-    self.isTone = length > 5 && std::wcscmp(block->path + length - 5, L".tone") == 0;
+    self.isTone = length > 5 && IsText(block->path + length - 5, L".tone");
     self.format.sampleKind = ztSampleInteger;
     self.format.sampleBytes = 4;
     self.format.bitsPerSample = 24;

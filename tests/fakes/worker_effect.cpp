@@ -9,7 +9,6 @@
 #include "worker_numbers.h"
 
 #include <algorithm>
-#include <cwchar>
 #include <vector>
 
 namespace {
@@ -39,18 +38,18 @@ FAKE_EXPORT void DSP_Destroy(ZtInstance instance) {
 
 FAKE_EXPORT std::int32_t DSP_Get(ZtInstance instance, const wchar_t* key, PluginParams* params) {
     FakeEffect& self = Of(instance);
-    if (std::wcscmp(key, L"Tags") == 0 && self.tells) {
+    if (IsText(key, L"Tags") && self.tells) {
         self.tags = OneTag(self.top / 10000);
         params->data = self.tags.data();
         params->dataSize = static_cast<std::uint32_t>(self.tags.size());
         return 1;
     }
-    if (std::wcscmp(key, L"Information") == 0 && self.tells) {
+    if (IsText(key, L"Information") && self.tells) {
         params->text1 = L"this was learned\nand that";
         return 1;
     }
     params->text1 = L"the fake effect's own words";
-    return std::wcscmp(key, L"Last Error") == 0;
+    return IsText(key, L"Last Error");
 }
 
 FAKE_EXPORT std::int32_t DSP_BeginConversion(ZtInstance instance, DspBeginBlock* block) {

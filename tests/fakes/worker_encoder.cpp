@@ -14,7 +14,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <cwchar>
 #include <vector>
 
 namespace {
@@ -47,30 +46,30 @@ FAKE_EXPORT void ENC_Destroy(ZtInstance instance) {
 }
 
 FAKE_EXPORT std::int32_t ENC_Get(ZtInstance instance, const wchar_t* key, PluginParams* params) {
-    if (std::wcscmp(key, L"Last Error") == 0) {
+    if (IsText(key, L"Last Error")) {
         params->text1 = Of(instance).words;
         return 1;
     }
-    if (std::wcscmp(key, L"Information") == 0 && !Of(instance).hasFile) {
+    if (IsText(key, L"Information") && !Of(instance).hasFile) {
         std::swprintf(Of(instance).words, MAX_PATH, L"heard %lld frames\n\nand no more",
                       static_cast<long long>(Of(instance).position));
         params->text1 = Of(instance).words;
         return 1;
     }
-    if (std::wcscmp(key, L"Written Format") == 0 && Of(instance).written.channels > 0) {
+    if (IsText(key, L"Written Format") && Of(instance).written.channels > 0) {
         params->data = &Of(instance).written;
         return 1;
     }
-    if (std::wcscmp(key, L"Written Tags") == 0 && !Of(instance).writtenTags.empty()) {
+    if (IsText(key, L"Written Tags") && !Of(instance).writtenTags.empty()) {
         params->data = Of(instance).writtenTags.data();
         params->dataSize = static_cast<std::uint32_t>(Of(instance).writtenTags.size());
         return 1;
     }
-    if (std::wcscmp(key, L"Extension") == 0) {
+    if (IsText(key, L"Extension")) {
         params->text1 = L".fake";
         return 1;
     }
-    if (std::wcscmp(key, L"Check Settings") == 0) {
+    if (IsText(key, L"Check Settings")) {
         if (NumberOf(params->text1, L"wrong", 0) == 0)
             return 1;
         params->text2 = L"wrong is not good";
