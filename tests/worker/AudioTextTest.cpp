@@ -1,18 +1,10 @@
 #include "worker/AudioText.h"
 
+#include "tests/support/PcmRecord.h"
+
 #include <gtest/gtest.h>
 
 namespace {
-
-AudioFormatRecord Format(std::uint32_t frequency, std::uint16_t channels) {
-    AudioFormatRecord format{};
-    format.sampleKind = ztSampleInteger;
-    format.sampleBytes = 4;
-    format.bitsPerSample = 16;
-    format.frequency = frequency;
-    format.channels = channels;
-    return format;
-}
 
 struct DescriptionRow {
     std::uint32_t frequency;
@@ -28,14 +20,14 @@ constexpr DescriptionRow descriptionRows[] = {
 
 TEST(AudioText, DescribesRateAndChannels) {
     for (const DescriptionRow& row : descriptionRows)
-        EXPECT_EQ(DescribeAudio(Format(row.frequency, row.channels)), row.expected);
-    EXPECT_EQ(InputText(L"C:\\a.b\\x.flac", Format(44100, 2)), L"Input: FLAC 44.1 kHz stereo");
-    EXPECT_EQ(InputText(L"C:\\x", Format(44100, 2)), L"Input: 44.1 kHz stereo");
+        EXPECT_EQ(DescribeAudio(PcmRecord(row.channels, 16, row.frequency)), row.expected);
+    EXPECT_EQ(InputText(L"C:\\a.b\\x.flac", PcmRecord(2, 16, 44100)), L"Input: FLAC 44.1 kHz stereo");
+    EXPECT_EQ(InputText(L"C:\\x", PcmRecord(2, 16, 44100)), L"Input: 44.1 kHz stereo");
     EXPECT_EQ(PlayTimeText(187250), L"3:07.250");
 }
 
 TEST(AudioText, AnnouncedFramesDoNotOverflow) {
-    AudioFormatRecord format = Format(44100, 2);
+    AudioFormatRecord format = PcmRecord(2, 16, 44100);
     format.lengthMs = 1500;
     EXPECT_EQ(AnnouncedFrames(format), 66150u);
     format.lengthMs = ~std::uint64_t{0};
@@ -47,14 +39,14 @@ TEST(AudioText, AnnouncedFramesDoNotOverflow) {
 }
 
 TEST(AudioText, NonsenseFormatsAreRefused) {
-    EXPECT_TRUE(IsUsableFormat(Format(44100, 2)));
-    EXPECT_FALSE(IsUsableFormat(Format(0, 2)));
-    EXPECT_FALSE(IsUsableFormat(Format(44100, 0)));
-    EXPECT_FALSE(IsUsableFormat(Format(44100, 65535)));
-    AudioFormatRecord format = Format(44100, 2);
+    EXPECT_TRUE(IsUsableFormat(PcmRecord(2, 16, 44100)));
+    EXPECT_FALSE(IsUsableFormat(PcmRecord(2, 16, 0)));
+    EXPECT_FALSE(IsUsableFormat(PcmRecord(0, 16, 44100)));
+    EXPECT_FALSE(IsUsableFormat(PcmRecord(65535, 16, 44100)));
+    AudioFormatRecord format = PcmRecord(2, 16, 44100);
     format.sampleBytes = 2;
     EXPECT_FALSE(IsUsableFormat(format));
-    format = Format(44100, 2);
+    format = PcmRecord(2, 16, 44100);
     format.bitsPerSample = 33;
     EXPECT_FALSE(IsUsableFormat(format));
 }
@@ -82,7 +74,7 @@ constexpr JudgeRow judgeRows[] = {
 
 TEST(AudioText, JudgesLengths) {
     for (const JudgeRow& row : judgeRows) {
-        AudioFormatRecord output = Format(row.frequency, 1);
+        AudioFormatRecord output = PcmRecord(1, 16, row.frequency);
         output.flags = row.flags;
         output.frameCount = row.frames;
         EXPECT_EQ(JudgeLength(output, 1000, 1000), row.expected)

@@ -43,19 +43,18 @@ TEST(CommandText, TakesSwitchesChainAndSettings) {
     for (const TailRow& row : tailRows) {
         clWorkerCommand command;
         XString error;
-        const XString name = row.tail;
-        ASSERT_TRUE(ParseWorkerCommand(head + row.tail, command, error)) << testing::PrintToString(name);
+        ASSERT_TRUE(ParseWorkerCommand(head + row.tail, command, error)) << row.tail;
         EXPECT_EQ(command.inFile, L"C:\\in put.wav");
         EXPECT_EQ(command.outFile, L"C:\\\u00fc\\o.mp3");
         EXPECT_EQ(command.encoder, L"mp3 (Lame)");
         EXPECT_EQ(command.quitEvent, L"q1");
         EXPECT_EQ(command.watchdogEvent, L"w1");
         EXPECT_EQ(command.batchId, 4294967295u);
-        EXPECT_EQ(command.processor, row.processor) << testing::PrintToString(name);
-        EXPECT_EQ(command.priority, row.priority) << testing::PrintToString(name);
-        EXPECT_EQ(command.tempFolder, row.tempFolder) << testing::PrintToString(name);
-        EXPECT_EQ(command.chain, row.chain) << testing::PrintToString(name);
-        EXPECT_EQ(command.settings, row.settings) << testing::PrintToString(name);
+        EXPECT_EQ(command.processor, row.processor) << row.tail;
+        EXPECT_EQ(command.priority, row.priority) << row.tail;
+        EXPECT_EQ(command.tempFolder, row.tempFolder) << row.tail;
+        EXPECT_EQ(command.chain, row.chain) << row.tail;
+        EXPECT_EQ(command.settings, row.settings) << row.tail;
     }
 }
 
@@ -82,9 +81,8 @@ TEST(CommandText, NamesWhatIsMalformed) {
     for (const MalformedRow& row : malformedRows) {
         clWorkerCommand command;
         XString error;
-        EXPECT_FALSE(ParseWorkerCommand(row.text, command, error))
-            << testing::PrintToString(XString(row.text));
-        EXPECT_NE(error.Find(row.named), 0) << testing::PrintToString(error);
+        EXPECT_FALSE(ParseWorkerCommand(row.text, command, error)) << row.text;
+        EXPECT_NE(error.Find(row.named), 0) << error.Text();
     }
 }
 

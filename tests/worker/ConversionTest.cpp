@@ -26,25 +26,24 @@ std::size_t FramesOf(const std::string& content) {
 }
 
 TEST(Worker, ConvertsAndTellsInLines) {
-    ScratchFolder folder;
-    WorkerProcess worker(folder);
-    const XString source = folder.Write(L"\u00e4 \u4e2d.tone", tone);
-    const XString target = folder.File(L"new\\deep er\\\u00fc.fake");
+    WorkerProcess worker;
+    const XString source = worker.Write(L"\u00e4 \u4e2d.tone", tone);
+    const XString target = worker.File(L"new\\deep er\\\u00fc.fake");
     worker.Start(source, target, L"channels=2 tags=2"); // what the encoder says of the file, and is so
-    ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
-    EXPECT_TRUE(worker.errors.IsEmpty()) << testing::PrintToString(worker.ErrorText());
+    ASSERT_EQ(worker.Wait(), 0) << worker.ErrorText().Text();
+    EXPECT_TRUE(worker.errors.IsEmpty()) << worker.ErrorText().Text();
     const std::string content = FileContent(target);
     ASSERT_EQ(FramesOf(content), 50000u);
     for (const std::size_t n : {0u, 8191u, 8192u, 49999u})
         EXPECT_EQ(SampleOf(content, n), static_cast<std::int32_t>(n));
-    EXPECT_EQ(folder.EntryCount(), 2); // the source and the folder: no temporary file
+    EXPECT_EQ(worker.EntryCount(), 2); // the source and the folder: no temporary file
     EXPECT_TRUE(worker.TakeSign());
     EXPECT_TRUE(worker.Said(L"MSGTO: zTM: Action: Converting"));
     EXPECT_TRUE(worker.Said(L"MSGTO: zTM: ActionInput: Input: TONE 44.1 kHz stereo"));
     EXPECT_TRUE(worker.Said(L"MSGTO: zTM: ActionOutput: Output: Fake 44.1 kHz stereo"));
     std::int64_t last = -1;
     for (const XString& line : worker.lines) {
-        EXPECT_TRUE(line.StartsWith(L"MSGTO: zTM: ")) << testing::PrintToString(line);
+        EXPECT_TRUE(line.StartsWith(L"MSGTO: zTM: ")) << line.Text();
         if (!line.StartsWith(L"MSGTO: zTM: PCDone: "))
             continue;
         EXPECT_GT(line.From(21).ToInt(), last);
@@ -83,42 +82,37 @@ constexpr FailureRow failureRows[] = {
 
 TEST(Worker, AFailureIsToldAndLeavesTheTargetAsItWas) {
     for (const FailureRow& row : failureRows) {
-        ScratchFolder folder;
-        WorkerProcess worker(folder);
+        WorkerProcess worker;
         const XString source =
-            row.source ? folder.Write(row.sourceName, row.source) : folder.File(row.sourceName);
-        const XString target = folder.Write(L"old.fake", "old");
-        const int entries = folder.EntryCount();
+            row.source ? worker.Write(row.sourceName, row.source) : worker.File(row.sourceName);
+        const XString target = worker.Write(L"old.fake", "old");
+        const int entries = worker.EntryCount();
         worker.Start(source, target, row.settings, row.extra);
         const int code = worker.Wait();
-        const XString expected = row.error;
-        EXPECT_GT(code, 0) << testing::PrintToString(expected);
-        EXPECT_EQ(worker.errors.Count(), 1) << testing::PrintToString(worker.ErrorText());
-        EXPECT_NE(worker.ErrorText().Find(row.error), 0)
-            << testing::PrintToString(expected) << " in " << testing::PrintToString(worker.ErrorText());
+        EXPECT_GT(code, 0) << row.error;
+        EXPECT_EQ(worker.errors.Count(), 1) << worker.ErrorText().Text();
+        EXPECT_NE(worker.ErrorText().Find(row.error), 0) << row.error << " in " << worker.ErrorText().Text();
         EXPECT_FALSE(worker.Said(L"PCDone: 100"));
         EXPECT_EQ(FileContent(target), "old");
-        EXPECT_EQ(folder.EntryCount(), entries) << testing::PrintToString(expected);
+        EXPECT_EQ(worker.EntryCount(), entries) << row.error;
     }
 }
 
 TEST(Worker, AFailureTakesBackTheFoldersThatItMade) {
-    ScratchFolder folder;
-    WorkerProcess worker(folder);
-    worker.Start(folder.Write(L"a.tone", tone), folder.File(L"new\\deep\\a.fake"), L"crashat=9000");
+    WorkerProcess worker;
+    worker.Start(worker.Write(L"a.tone", tone), worker.File(L"new\\deep\\a.fake"), L"crashat=9000");
     EXPECT_GT(worker.Wait(), 0);
-    EXPECT_EQ(folder.EntryCount(), 1);
+    EXPECT_EQ(worker.EntryCount(), 1);
 }
 
 TEST(Worker, OutputsThatCannotBeAreTold) {
     for (const wchar_t* name : {L"a?.fake", L"a.tone\\b.fake", L"folder"}) {
-        ScratchFolder folder;
-        WorkerProcess worker(folder);
-        EXPECT_TRUE(MakeFolders(folder.File(L"folder")));
-        worker.Start(folder.Write(L"a.tone", tone), folder.File(name));
-        EXPECT_EQ(worker.Wait(), 1) << testing::PrintToString(XString(name));
+        WorkerProcess worker;
+        EXPECT_TRUE(MakeFolders(worker.File(L"folder")));
+        worker.Start(worker.Write(L"a.tone", tone), worker.File(name));
+        EXPECT_EQ(worker.Wait(), 1) << name;
         EXPECT_NE(worker.ErrorText().Find(L"Error writing '"), 0);
-        EXPECT_EQ(folder.EntryCount(), 2);
+        EXPECT_EQ(worker.EntryCount(), 2);
     }
 }
 
@@ -140,27 +134,24 @@ constexpr EffectRow effectRows[] = {
 
 TEST(Worker, AudioPassesThroughTheEffectsInOrder) {
     for (const EffectRow& row : effectRows) {
-        ScratchFolder folder;
-        WorkerProcess worker(folder);
-        const XString target = folder.File(L"a.fake");
-        worker.Start(folder.Write(L"a.tone", tone), target, L"", row.chain);
-        const XString chain = row.chain;
-        ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
+        WorkerProcess worker;
+        const XString target = worker.File(L"a.fake");
+        worker.Start(worker.Write(L"a.tone", tone), target, L"", row.chain);
+        ASSERT_EQ(worker.Wait(), 0) << worker.ErrorText().Text();
         const std::string content = FileContent(target);
-        EXPECT_EQ(FramesOf(content), 50000u) << testing::PrintToString(chain);
-        EXPECT_EQ(SampleOf(content, 0), row.atZero) << testing::PrintToString(chain);
-        EXPECT_EQ(SampleOf(content, 40000), row.at40000) << testing::PrintToString(chain);
+        EXPECT_EQ(FramesOf(content), 50000u) << row.chain;
+        EXPECT_EQ(SampleOf(content, 0), row.atZero) << row.chain;
+        EXPECT_EQ(SampleOf(content, 40000), row.at40000) << row.chain;
     }
 }
 
 // An effect behind it that learns as well makes it begin anew; it tells once, when all have learned.
 TEST(Worker, AnEffectTellsWhatItLearned) {
-    ScratchFolder folder;
-    WorkerProcess worker(folder);
-    const XString target = folder.File(L"a.fake");
-    worker.Start(folder.Write(L"a.tone", tone), target, L"",
+    WorkerProcess worker;
+    const XString target = worker.File(L"a.fake");
+    worker.Start(worker.Write(L"a.tone", tone), target, L"",
                  L" -dspeffect1=\"Fake=top=1 tell=1\" -dspeffect2=\"Fake=top=1\"");
-    ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
+    ASSERT_EQ(worker.Wait(), 0) << worker.ErrorText().Text();
     const std::string content = FileContent(target);
     ASSERT_EQ(FramesOf(content), 50000u);
     EXPECT_TRUE(worker.Said(L"Fake: this was learned"));
@@ -169,52 +160,44 @@ TEST(Worker, AnEffectTellsWhatItLearned) {
 }
 
 TEST(Worker, SourceAndReadOnlyTargetMayBeOneFile) {
-    ScratchFolder folder;
-    const XString path = folder.File(L"a.fake");
-    {
-        WorkerProcess worker(folder);
-        worker.Start(folder.Write(L"a.tone", tone), path);
-        ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
-    }
+    WorkerProcess worker;
+    const XString path = worker.File(L"a.fake");
+    worker.Start(worker.Write(L"a.tone", tone), path);
+    ASSERT_EQ(worker.Wait(), 0) << worker.ErrorText().Text();
     SetFileAttributesW(path, FILE_ATTRIBUTE_READONLY);
-    WorkerProcess worker(folder);
     worker.Start(path, path, L"", L" -dspeffect1=\"Fake=gain=2\"");
-    ASSERT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
+    ASSERT_EQ(worker.Wait(), 0) << worker.ErrorText().Text();
     EXPECT_EQ(SampleOf(FileContent(path), 700), 1400);
-    EXPECT_EQ(folder.EntryCount(), 2);
+    EXPECT_EQ(worker.EntryCount(), 2);
 }
 
 TEST(Worker, AnInexactAnnouncementIsNoFailure) {
-    ScratchFolder folder;
-    WorkerProcess worker(folder);
-    worker.Start(folder.Write(L"a.tone", "frames=50000 announced=200000 exact=0"), folder.File(L"a.fake"));
-    EXPECT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
+    WorkerProcess worker;
+    worker.Start(worker.Write(L"a.tone", "frames=50000 announced=200000 exact=0"), worker.File(L"a.fake"));
+    EXPECT_EQ(worker.Wait(), 0) << worker.ErrorText().Text();
     EXPECT_TRUE(worker.Said(L"seemed to be 0:04.535 long and is 0:01.134"));
 }
 
 TEST(Worker, AnEncoderWithoutFilesLeavesNoneAndIsHeard) {
-    ScratchFolder folder;
-    WorkerProcess worker(folder);
-    const XString source = folder.Write(L"a.tone", tone);
-    worker.Start(source, folder.File(L"new\\a.ignore"), L"nofile=1");
-    EXPECT_EQ(worker.Wait(), 0) << testing::PrintToString(worker.ErrorText());
-    EXPECT_EQ(folder.EntryCount(), 1);
+    WorkerProcess worker;
+    const XString source = worker.Write(L"a.tone", tone);
+    worker.Start(source, worker.File(L"new\\a.ignore"), L"nofile=1");
+    EXPECT_EQ(worker.Wait(), 0) << worker.ErrorText().Text();
+    EXPECT_EQ(worker.EntryCount(), 1);
     EXPECT_TRUE(worker.Said(L"heard 50000 frames"));
     EXPECT_TRUE(worker.Said(L"and no more"));
-    WorkerProcess failing(folder);
-    failing.Start(source, folder.File(L"a.ignore"), L"nofile=1 failat=20000");
-    EXPECT_EQ(failing.Wait(), 1);
-    EXPECT_FALSE(failing.Said(L"heard"));
+    worker.Start(source, worker.File(L"a.ignore"), L"nofile=1 failat=20000");
+    EXPECT_EQ(worker.Wait(), 1);
+    EXPECT_FALSE(worker.Said(L"heard"));
 }
 
 TEST(Worker, MalformedCommandFiles) {
     for (const wchar_t* text : {L"", L"garbage", L" -infile=\"a\" -outfile=\"b\"",
                                 L" -infile=\"a\" -outfile=\"b\" -convert_to=\"Fake\" -evtquit=\"tm-no-event\""
                                 L" -evtwatchdog=\"tm-no-event\" -batchid=\"1\" "}) {
-        ScratchFolder folder;
-        WorkerProcess worker(folder);
+        WorkerProcess worker;
         worker.StartWithText(text);
-        EXPECT_EQ(worker.Wait(), 4) << testing::PrintToString(XString(text));
+        EXPECT_EQ(worker.Wait(), 4) << text;
         EXPECT_EQ(worker.errors.Count(), 1);
         EXPECT_TRUE(worker.lines.IsEmpty());
     }

@@ -13,13 +13,12 @@ constexpr const char* hangingTone = "frames=500000 hangat=100000";
 // From a conversion that is under way.
 void WaitForOutput(WorkerProcess& worker) {
     ASSERT_TRUE(worker.WaitUntil([&worker] { return worker.Said(L"ActionOutput"); }))
-        << testing::PrintToString(worker.ErrorText());
+        << worker.ErrorText().Text();
 }
 
 TEST(WorkerLife, GivesSignsAndLeavesNothingWhenCancelled) {
-    ScratchFolder folder;
-    WorkerProcess worker(folder);
-    worker.Start(folder.Write(L"a.tone", slowTone), folder.File(L"new\\a.fake"));
+    WorkerProcess worker;
+    worker.Start(worker.Write(L"a.tone", slowTone), worker.File(L"new\\a.fake"));
     WaitForOutput(worker);
     for (int i = 0; i < 3; ++i) {
         (void)worker.TakeSign();
@@ -27,25 +26,23 @@ TEST(WorkerLife, GivesSignsAndLeavesNothingWhenCancelled) {
     }
     worker.Quit();
     EXPECT_EQ(worker.Wait(1000), 2);
-    EXPECT_TRUE(worker.errors.IsEmpty()) << testing::PrintToString(worker.ErrorText());
-    EXPECT_EQ(folder.EntryCount(), 1);
+    EXPECT_TRUE(worker.errors.IsEmpty()) << worker.ErrorText().Text();
+    EXPECT_EQ(worker.EntryCount(), 1);
 }
 
 TEST(WorkerLife, AFirstPassIsCancelledTheSameWay) {
-    ScratchFolder folder;
-    WorkerProcess worker(folder);
-    worker.Start(folder.Write(L"a.tone", slowTone), folder.File(L"a.fake"), L"",
+    WorkerProcess worker;
+    worker.Start(worker.Write(L"a.tone", slowTone), worker.File(L"a.fake"), L"",
                  L" -dspeffect1=\"Fake=top=1\"");
     ASSERT_TRUE(worker.WaitUntil([&worker] { return worker.Said(L"Action: Analysing"); }));
     worker.Quit();
     EXPECT_EQ(worker.Wait(1000), 2);
-    EXPECT_EQ(folder.EntryCount(), 1);
+    EXPECT_EQ(worker.EntryCount(), 1);
 }
 
 TEST(WorkerLife, AHungCodecGivesNoSignAndStillEndsWhenCancelled) {
-    ScratchFolder folder;
-    WorkerProcess worker(folder);
-    worker.Start(folder.Write(L"a.tone", hangingTone), folder.File(L"new\\a.fake"));
+    WorkerProcess worker;
+    worker.Start(worker.Write(L"a.tone", hangingTone), worker.File(L"new\\a.fake"));
     WaitForOutput(worker);
     // The last sign was given before the codec hung; none may follow.
     ULONGLONG lastSign = GetTickCount64();
@@ -56,36 +53,33 @@ TEST(WorkerLife, AHungCodecGivesNoSignAndStillEndsWhenCancelled) {
     }));
     worker.Quit();
     EXPECT_EQ(worker.Wait(8000), 2);
-    EXPECT_EQ(folder.EntryCount(), 1);
+    EXPECT_EQ(worker.EntryCount(), 1);
 }
 
 TEST(WorkerLife, EndsWithItsParent) {
     for (const char* content : {slowTone, hangingTone}) {
-        ScratchFolder folder;
-        WorkerProcess worker(folder);
-        worker.StartBelowParent(folder.Write(L"a.tone", content), folder.File(L"a.fake"));
-        ASSERT_TRUE(worker.WaitUntil([&folder] { return folder.EntryCount() == 2; })) << content;
+        WorkerProcess worker;
+        worker.StartBelowParent(worker.Write(L"a.tone", content), worker.File(L"a.fake"));
+        ASSERT_TRUE(worker.WaitUntil([&worker] { return worker.EntryCount() == 2; })) << content;
         EXPECT_FALSE(worker.HasEnded());
         worker.EndParent();
         EXPECT_EQ(worker.Wait(8000), 2) << content;
-        EXPECT_EQ(folder.EntryCount(), 1) << content;
+        EXPECT_EQ(worker.EntryCount(), 1) << content;
     }
 }
 
 TEST(WorkerLife, EndsWhenNobodyReads) {
-    ScratchFolder folder;
-    WorkerProcess worker(folder);
-    worker.Start(folder.Write(L"a.tone", slowTone), folder.File(L"a.fake"));
+    WorkerProcess worker;
+    worker.Start(worker.Write(L"a.tone", slowTone), worker.File(L"a.fake"));
     WaitForOutput(worker);
     worker.StopReading();
     EXPECT_TRUE(worker.WaitUntil([&worker] { return worker.HasEnded(); }));
-    EXPECT_EQ(folder.EntryCount(), 1);
+    EXPECT_EQ(worker.EntryCount(), 1);
 }
 
 TEST(WorkerLife, TakesProcessorAndPriority) {
-    ScratchFolder folder;
-    WorkerProcess worker(folder);
-    worker.Start(folder.Write(L"a.tone", slowTone), folder.File(L"a.fake"), L"",
+    WorkerProcess worker;
+    worker.Start(worker.Write(L"a.tone", slowTone), worker.File(L"a.fake"), L"",
                  L" -processor=\"2\" -priority=\"idle\"");
     WaitForOutput(worker);
     DWORD_PTR own = 0, machine = 0;
@@ -95,13 +89,12 @@ TEST(WorkerLife, TakesProcessorAndPriority) {
 }
 
 TEST(WorkerLife, HandsTheTemporaryFolderToItsCodecs) {
-    ScratchFolder folder;
-    WorkerProcess worker(folder);
-    const XString temporary = folder.File(L"my temp");
-    worker.Start(folder.Write(L"a.tone", slowTone), folder.File(L"a.fake"), L"saytmp=1",
+    WorkerProcess worker;
+    const XString temporary = worker.File(L"my temp");
+    worker.Start(worker.Write(L"a.tone", slowTone), worker.File(L"a.fake"), L"saytmp=1",
                  XString(L" -processor=\"64\" -tmpfolder=\"") + temporary + L"\"");
     EXPECT_EQ(worker.Wait(), 1);
-    EXPECT_NE(worker.ErrorText().Find(temporary), 0) << testing::PrintToString(worker.ErrorText());
+    EXPECT_NE(worker.ErrorText().Find(temporary), 0) << worker.ErrorText().Text();
     EXPECT_TRUE(PathExists(temporary));
 }
 

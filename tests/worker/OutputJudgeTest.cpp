@@ -35,8 +35,8 @@ TEST(OutputJudge, Formats) {
         AudioFormatRecord found = row.found;
         found.flags = row.isLossless ? ztFormatLossless : 0u;
         const XString fault = FormatFault(row.written, found);
-        EXPECT_EQ(fault.IsEmpty(), row.fault[0] == 0) << testing::PrintToString(fault);
-        EXPECT_TRUE(row.fault[0] == 0 || fault.Find(row.fault)) << testing::PrintToString(fault);
+        EXPECT_EQ(fault.IsEmpty(), row.fault[0] == 0) << fault.Text();
+        EXPECT_TRUE(row.fault[0] == 0 || fault.Find(row.fault)) << fault.Text();
     }
 }
 
@@ -61,8 +61,8 @@ TEST(OutputJudge, Tags) {
         XTagList written;
         written.Add(row.key, row.value);
         const XString fault = TagFault(written, found);
-        EXPECT_EQ(fault.IsEmpty(), row.fault[0] == 0) << testing::PrintToString(fault);
-        EXPECT_TRUE(row.fault[0] == 0 || fault.Find(row.fault)) << testing::PrintToString(fault);
+        EXPECT_EQ(fault.IsEmpty(), row.fault[0] == 0) << fault.Text();
+        EXPECT_TRUE(row.fault[0] == 0 || fault.Find(row.fault)) << fault.Text();
     }
     XTagList two;
     two.Add(L"picture", L"");

@@ -13,9 +13,9 @@ XString Repeated(int count) {
 
 TEST(TargetName, FaultsOfPaths) {
     for (const wchar_t* good : {L"C:\\a\\b.flac", L"\\\\server\\share\\b.flac", L"\\\\?\\C:\\b", L"b.mp3"})
-        EXPECT_EQ(TargetPathFault(good), nullptr) << testing::PrintToString(XString(good));
+        EXPECT_EQ(TargetPathFault(good), nullptr) << good;
     for (const wchar_t* bad : {L"C:\\a\\b?.flac", L"C:\\a:b\\c", L"C:\\a\\", L"C:\\a\tb", L"C:\\<a>\\b", L""})
-        EXPECT_NE(TargetPathFault(bad), nullptr) << testing::PrintToString(XString(bad));
+        EXPECT_NE(TargetPathFault(bad), nullptr) << bad;
     EXPECT_EQ(TargetPathFault(XString(L"C:\\") + Repeated(255)), nullptr);
     EXPECT_NE(TargetPathFault(XString(L"C:\\") + Repeated(256)), nullptr);
     EXPECT_NE(TargetPathFault(XString(L"C:\\") + Repeated(256) + L"\\b"), nullptr);
@@ -25,11 +25,11 @@ TEST(TargetName, DeviceNamesAreRefused) {
     for (const wchar_t* bad :
          {L"C:\\a\\NUL", L"C:\\a\\nul.flac", L"C:\\Con\\b.flac", L"C:\\a\\prn.tar.gz", L"C:\\a\\AUX .mp3",
           L"com1.mp3", L"C:\\a\\LPT9", L"C:\\a\\com\u00b2.x", L"\\\\?\\C:\\a\\CONOUT$", L"C:/aux/b.flac"})
-        EXPECT_NE(TargetPathFault(bad), nullptr) << testing::PrintToString(XString(bad));
+        EXPECT_NE(TargetPathFault(bad), nullptr) << bad;
     for (const wchar_t* good :
          {L"C:\\a\\Console.flac", L"C:\\a\\NULL", L"C:\\a\\COM0.x", L"C:\\a\\COM10", L"C:\\a\\com.x",
           L"C:\\a\\LPT", L"C:\\a\\01 - NUL.flac", L"C:\\a\\.nul", L"C:\\\\a"})
-        EXPECT_EQ(TargetPathFault(good), nullptr) << testing::PrintToString(XString(good));
+        EXPECT_EQ(TargetPathFault(good), nullptr) << good;
 }
 
 struct NameRow {

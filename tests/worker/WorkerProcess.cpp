@@ -5,6 +5,7 @@
 #include "foundation/XFile.h"
 #include "foundation/XFileSystem.h"
 #include "foundation/XFindFile.h"
+#include "foundation/XPath.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +41,7 @@ void ReadLines(HANDLE pipe, XStringArray& out) {
            ReadFile(pipe, text, sizeof(text) - sizeof(wchar_t), &size, nullptr)) {
         text[size / sizeof(wchar_t)] = 0;
         XString line = text;
-        EXPECT_EQ(line.Find(L"\r\n"), line.Count() - 1) << "not one line: " << testing::PrintToString(line);
+        EXPECT_EQ(line.Find(L"\r\n"), line.Count() - 1) << "not one line: " << line.Text();
         line.SetLength(line.Count() - 2);
         out.AddString(line);
     }
@@ -48,24 +49,16 @@ void ReadLines(HANDLE pipe, XStringArray& out) {
 
 } // namespace
 
-ScratchFolder::ScratchFolder() : path(TempFolder() + UniqueName(L"tm-worker-") + L"\\") {
-    EXPECT_TRUE(MakeFolders(path));
-}
-
-ScratchFolder::~ScratchFolder() {
-    DeleteTree(path);
-}
-
-XString ScratchFolder::Write(const wchar_t* name, const char* content) const {
+XString WorkerProcess::Write(const wchar_t* name, const char* content) const {
     XFile file(File(name));
     EXPECT_TRUE(file.Open(GENERIC_WRITE, CREATE_ALWAYS));
     EXPECT_TRUE(file.Write(content, static_cast<DWORD>(std::strlen(content))));
     return File(name);
 }
 
-int ScratchFolder::EntryCount() const {
+int WorkerProcess::EntryCount() const {
     int count = 0;
-    for (XFindFile find(path, L"*"); find.Next();)
+    for (XFindFile find(folder, L"*"); find.Next();)
         ++count;
     return count;
 }
@@ -77,10 +70,11 @@ std::string FileContent(const XString& path) {
     return std::string(reinterpret_cast<const char*>(bytes.data), bytes.size);
 }
 
-WorkerProcess::WorkerProcess(const ScratchFolder& folder)
-    : folder(folder), job(CreateJobObjectW(nullptr, nullptr)),
+WorkerProcess::WorkerProcess()
+    : folder(TempFolder() + UniqueName(L"tm-worker-") + L"\\"), job(CreateJobObjectW(nullptr, nullptr)),
       quitName(UniqueName(ZtWorker::quitEventPrefix)),
       watchdogName(UniqueName(ZtWorker::watchdogEventPrefix)) {
+    EXPECT_TRUE(MakeFolders(folder));
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
     SetInformationJobObject(job.Get(), JobObjectExtendedLimitInformation, &limits, sizeof(limits));
@@ -92,6 +86,7 @@ WorkerProcess::~WorkerProcess() {
     job.Reset();
     if (process.IsValid())
         WaitForSingleObject(process.Get(), 5000);
+    DeleteTree(folder);
 }
 
 XString WorkerProcess::CommandText(const XString& source, const XString& target, const wchar_t* tail) const {
@@ -102,11 +97,9 @@ XString WorkerProcess::CommandText(const XString& source, const XString& target,
     return text;
 }
 
-// The command file stands beside the scratch folder, so that the folder shows what the worker left.
+// The command file stands beside the folder, so that the folder shows what the worker left.
 XString WorkerProcess::CommandLine(const XString& commandText) {
-    XString path = folder.path;
-    path.SetLength(path.Count() - 1);
-    path += L".cmd";
+    const XString path = StripBackslash(folder) + L".cmd";
     XFile file(path);
     EXPECT_TRUE(file.Open(GENERIC_WRITE, CREATE_ALWAYS));
     EXPECT_TRUE(file.Write(commandText.Text(), static_cast<DWORD>(commandText.Count()) * 2));
@@ -130,6 +123,9 @@ void WorkerProcess::Run(XString commandLine, HANDLE out, HANDLE err, XKernelHand
 }
 
 void WorkerProcess::StartWithText(const XString& commandText) {
+    lines.Clear();
+    errors.Clear();
+    ResetEvent(watchdogEvent.Get());
     XFileHandle outWrite, errWrite;
     MakePipe(output, outWrite);
     MakePipe(errorOutput, errWrite);

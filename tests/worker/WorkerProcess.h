@@ -1,4 +1,4 @@
-// The real worker as Tonemill would run it, in a job that ends with the test.
+// The real worker as Tonemill would run it, in a job and with a folder that end with the test.
 #pragma once
 
 #include "foundation/XArray.h"
@@ -6,28 +6,21 @@
 
 #include <string>
 
-// A folder for one test; goes with all that is in it.
-class ScratchFolder {
-public:
-    ScratchFolder();
-    ~ScratchFolder();
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-    [[nodiscard]] XString File(const wchar_t* name) const { return path + name; }
-    XString Write(const wchar_t* name, const char* content) const; // returns the path
-    [[nodiscard]] int EntryCount() const;                          // files and folders at its top
-    XString path;                                                  // with backslash
-};
-
 [[nodiscard]] std::string FileContent(const XString& path); // empty if it can't be read
 
 class WorkerProcess {
 public:
-    explicit WorkerProcess(const ScratchFolder& folder);
+    WorkerProcess();
     ~WorkerProcess();
     WorkerProcess(const WorkerProcess&) = delete;
     WorkerProcess& operator=(const WorkerProcess&) = delete;
 
+    // A folder for its files, which goes with all that is in it.
+    [[nodiscard]] XString File(const wchar_t* name) const { return folder + name; }
+    XString Write(const wchar_t* name, const char* content) const; // returns the path
+    [[nodiscard]] int EntryCount() const;                          // files and folders at its top
+
+    // One after the other may be started.
     // `extra` stands between the six switches and `settings`.
     void Start(const XString& source, const XString& target, const wchar_t* settings = L"",
                const wchar_t* extra = L"");
@@ -70,7 +63,7 @@ private:
     [[nodiscard]] XString CommandLine(const XString& commandText);
     void Run(XString commandLine, HANDLE output, HANDLE errorOutput, XKernelHandle& started);
 
-    const ScratchFolder& folder;
+    XString folder; // with backslash
     XKernelHandle job;
     XKernelHandle quitEvent, watchdogEvent;
     XString quitName, watchdogName;
