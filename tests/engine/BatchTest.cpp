@@ -1,7 +1,6 @@
 // Batch id and folder, the encoder's wishes, the effects' batch end, and a whole conversion.
 #include "engine/BatchEnd.h"
 #include "engine/Conversion.h"
-#include "engine/PowerAction.h"
 #include "foundation/XFile.h"
 #include "foundation/XFileSystem.h"
 #include "host/PluginFolders.h"
@@ -96,18 +95,6 @@ TEST_F(BatchTest, EveryEffectHearsTheBatchOnce) {
         expected.append(reinterpret_cast<const char*>(told->data), told->size);
     }
     EXPECT_EQ(std::string(reinterpret_cast<const char*>(heard.data), heard.size), expected);
-}
-
-TEST(PowerAction, AsksOnlyForARealAction) {
-    static std::int32_t asked;
-    asked = -1;
-    const clPowerFunction real = powerFunction;
-    powerFunction = [](std::int32_t action) { asked = action; };
-    PerformPowerAction(afterNothing);
-    EXPECT_EQ(asked, -1);
-    PerformPowerAction(afterStandBy);
-    EXPECT_EQ(asked, afterStandBy);
-    powerFunction = real;
 }
 
 class ConversionTest : public BatchTest {

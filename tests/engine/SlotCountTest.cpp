@@ -33,9 +33,9 @@ TEST(SlotCount, FollowsProcessorsFilesEncoderAndForce) {
     };
     for (const Row& row : rows) {
         const clSlotPlan plan = PlanSlots(row.system, row.noMultiCpu, row.files, row.chain);
-        EXPECT_EQ(plan.count, row.count) << XString(row.chain).ToNarrow() << row.system;
-        EXPECT_EQ(plan.processors[0], row.first) << XString(row.chain).ToNarrow() << row.system;
-        EXPECT_EQ(plan.processors[1], row.second) << XString(row.chain).ToNarrow() << row.system;
+        EXPECT_EQ(plan.count, row.count) << row.chain << row.system;
+        EXPECT_EQ(plan.processors[0], row.first) << row.chain << row.system;
+        EXPECT_EQ(plan.processors[1], row.second) << row.chain << row.system;
     }
 }
 

@@ -88,8 +88,8 @@ TEST(WorkerText, ReadsMessages) {
     for (const Row& row : rows) {
         clJobSlot slot;
         slot.percent = 50;
-        EXPECT_EQ(ParseWorkerLine(slot, row.line), row.isMessage) << XString(row.line).ToNarrow();
-        EXPECT_EQ(slot.percent, row.percent) << XString(row.line).ToNarrow();
+        EXPECT_EQ(ParseWorkerLine(slot, row.line), row.isMessage) << row.line;
+        EXPECT_EQ(slot.percent, row.percent) << row.line;
         EXPECT_EQ(slot.action, XString(row.action));
         EXPECT_EQ(slot.actionInput, XString(row.input));
         EXPECT_EQ(slot.actionOutput, XString(row.output));
