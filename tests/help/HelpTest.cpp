@@ -78,7 +78,7 @@ TEST(Help, ExamplesOfTheDialogAreWhatItShows) {
     const std::vector<Example> examples = Examples(Load("naming.htm"), "dialog");
     EXPECT_GE(examples.size(), 3U);
     for (const Example& example : examples)
-        EXPECT_EQ(NamingExample(example.naming), example.result) << testing::PrintToString(example.naming);
+        EXPECT_EQ(NamingExample(example.naming), example.result) << example.naming.Text();
 }
 
 TEST(Help, ExamplesAreWhatTheSampleFileGets) {
@@ -93,7 +93,7 @@ TEST(Help, ExamplesAreWhatTheSampleFileGets) {
     for (const Example& example : examples) {
         XString result = EvaluateNaming(example.naming, sample, nullptr);
         CleanPath(result, false, false);
-        EXPECT_EQ(result, example.result) << testing::PrintToString(example.naming);
+        EXPECT_EQ(result, example.result) << example.naming.Text();
     }
 }
 
@@ -107,7 +107,7 @@ TEST(Help, EveryElementAndFunctionHasItsLine) {
         bool isThere = !row.form;
         for (const XString& form : forms)
             isThere = isThere || form == row.form;
-        EXPECT_TRUE(isThere) << testing::PrintToString(XString(row.form));
+        EXPECT_TRUE(isThere) << row.form;
     }
 }
 

@@ -52,7 +52,7 @@ TEST(CleanPath, FlagsDecideOnRootAndTidying) {
         const wchar_t* expected;
     };
     constexpr Row rows[] = {
-        {true, true, L"C:\\a\\b"},
+        {true, true, L"C:\\a\\b"}, // the limit cleans once more: both groups of dots go
         {false, true, L"C:\\a.\\b"},
         {true, false, L"C;\\a\\b"},
         {false, false, L"C;\\a.\\b"},
@@ -71,6 +71,9 @@ TEST(CleanPath, CutsLongComponents) {
     EXPECT_EQ(Cleaned(path, false), L"C:\\" + Repeated(L'n', 253) + L".");
     path = L"C:\\a." + Repeated(L'e', 300);
     EXPECT_EQ(Cleaned(path, false), L"C:\\a." + Repeated(L'e', 300)) << "a stem keeps one character";
+    // The extension fills the name alone: it is cut once more when the total length has taken its dot.
+    path = L"C:\\name." + Repeated(L'x', 253);
+    EXPECT_EQ(Cleaned(path, false), L"C:\\n." + Repeated(L'x', 253));
 }
 
 struct LengthRow {

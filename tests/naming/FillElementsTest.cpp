@@ -61,10 +61,10 @@ TEST_F(FillElementsTest, WithoutTags) {
         {L"unique", L""},
     };
     for (const Row& row : rows)
-        EXPECT_EQ(list.Get(row.key), row.value) << testing::PrintToString(XString(row.key));
+        EXPECT_EQ(list.Get(row.key), row.value) << row.key;
     EXPECT_EQ(list.Find(L"encoder"), nullptr);
     for (const wchar_t* key : {L"date", L"time", L"now_year", L"day_of_week"})
-        EXPECT_NE(list.Get(key), L"") << testing::PrintToString(XString(key));
+        EXPECT_NE(list.Get(key), L"") << key;
 }
 
 TEST_F(FillElementsTest, PropertiesAreTakenByName) {
@@ -78,7 +78,7 @@ TEST_F(FillElementsTest, PropertiesAreTakenByName) {
     constexpr Row rows[] = {{L"encoder", L"LAME"}, {L"encoder+", L"V2"},        {L"protected", L"Yes"},
                             {L"id_tag", L"ID3"},   {L"audio_quality", L"High"}, {L"gapless", L"Yes"}};
     for (const Row& row : rows)
-        EXPECT_EQ(list.Get(row.key), row.value) << testing::PrintToString(XString(row.key));
+        EXPECT_EQ(list.Get(row.key), row.value) << row.key;
 }
 
 TEST_F(FillElementsTest, TheFilesOwnTagsWin) {

@@ -21,7 +21,7 @@ XString Evaluated(const wchar_t* naming) {
 template <int count>
 void ExpectRows(const NamingRow (&rows)[count]) {
     for (const NamingRow& row : rows)
-        EXPECT_EQ(Evaluated(row.naming), XString(row.expected)) << XString(row.naming).ToNarrow();
+        EXPECT_EQ(Evaluated(row.naming), XString(row.expected)) << row.naming;
 }
 
 XString WithTag(const wchar_t* key, const wchar_t* value, const wchar_t* naming) {
@@ -75,7 +75,7 @@ TEST(EvaluateNaming, OneTagByItself) {
     };
     for (const TrackRow& row : rows)
         EXPECT_EQ(WithTag(row.key, row.value, row.naming), XString(row.expected))
-            << XString(row.value).ToNarrow() << " in " << XString(row.naming).ToNarrow();
+            << row.value << " in " << row.naming;
 }
 
 TEST(EvaluateNaming, Wrappers) {
@@ -212,7 +212,7 @@ TEST(EvaluateNaming, Compilations) {
     };
     for (const NamingRow& row : rows)
         EXPECT_EQ(WithTag(L"Compilation", row.naming, L"[IFCOMP]yes[][IF!COMP]no[]"), XString(row.expected))
-            << XString(row.naming).ToNarrow();
+            << row.naming;
 }
 
 TEST(EvaluateNaming, Folders) {
@@ -285,8 +285,7 @@ TEST(EvaluateNaming, ExtrasAreFoundByTheirWholeWord) {
         {L"[tags][station],x[]", L""},
     };
     for (const NamingRow& row : rows)
-        EXPECT_EQ(EvaluateNaming(row.naming, tags, &extras), XString(row.expected))
-            << XString(row.naming).ToNarrow();
+        EXPECT_EQ(EvaluateNaming(row.naming, tags, &extras), XString(row.expected)) << row.naming;
 }
 
 TEST(EvaluateNaming, LeavesTheTagsAsTheyAre) {
@@ -345,19 +344,18 @@ TEST(EvaluateNaming, NoValueIsReadAsLanguage) {
             plain.Add(L"year", L"y");
             XString expected = EvaluateNaming(naming, plain, nullptr);
             expected.Replace(L"\uE000", value);
-            EXPECT_EQ(EvaluateNaming(naming, tags, nullptr), expected)
-                << XString(naming).ToNarrow() << " with " << XString(value).ToNarrow();
+            EXPECT_EQ(EvaluateNaming(naming, tags, nullptr), expected) << naming << " with " << value;
         }
 }
 
 TEST(HasDynamicItem, LooksForElementsOfTagsAlone) {
     for (const wchar_t* naming : {L"[artist]", L"x[ALBUM Artist]", L"[IFCOMP][Year][]", L"[bytes_per_sample]",
                                   L"[k_bitrate]", L"[length]", L"[tag][mood]", L"[id_tag]"})
-        EXPECT_TRUE(HasDynamicItem(naming)) << XString(naming).ToNarrow();
+        EXPECT_TRUE(HasDynamicItem(naming)) << naming;
     for (const wchar_t* naming :
          {L"", L"[tag]genre[]", L"[tags]genre,;[]", L"[origfilename]", L"[encoder]", L"[encoder+]", L"[date]",
           L"[IFCOMP]x[]", L"[IFVALUE]year,a,b[]", L"[unique]", L"[protected]", L"[cddb_id]", L"[artist"})
-        EXPECT_FALSE(HasDynamicItem(naming)) << XString(naming).ToNarrow();
+        EXPECT_FALSE(HasDynamicItem(naming)) << naming;
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The counter in the registry, and the clock.
+// The counter in the registry.
 #include "naming/NamingSystem.h"
 
 #include "host/Settings.h"
@@ -12,12 +12,4 @@ TEST(NamingSystem, TheCounterIsKept) {
     EXPECT_EQ(TakeUniqueNumber(), 2u);
     EXPECT_EQ(RegReadDword(Setting::uniqueNumber), 2u);
     RegDeleteTree(HKEY_CURRENT_USER, L"Software", L"TonemillTestNaming");
-}
-
-TEST(NamingSystem, TheClockHasAllParts) {
-    const clNamingClock clock = ReadNamingClock();
-    EXPECT_FALSE(clock.date.IsEmpty());
-    EXPECT_FALSE(clock.time.IsEmpty());
-    EXPECT_GE(clock.year, 2000);
-    EXPECT_LE(clock.dayOfWeek, 6);
 }

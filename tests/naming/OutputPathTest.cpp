@@ -72,7 +72,7 @@ TEST(OutputPath, TemplatesNameFilesAfterTheirTags) {
     for (const DynamicRow& row : rows) {
         item.outputPath.Clear();
         ComputeOutputPath(item, row.folder, row.naming, L".mp3");
-        EXPECT_EQ(item.outputPath, row.expected) << testing::PrintToString(XString(row.naming));
+        EXPECT_EQ(item.outputPath, row.expected) << row.naming;
     }
     zTMExtraElements.Clear();
 }
