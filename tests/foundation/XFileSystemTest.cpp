@@ -34,8 +34,8 @@ TEST_F(XFileSystem, FoldersAreMadeFoundAndRemoved) {
                         {folder + L"a", true, true}};
     for (const Row& row : rows) {
         bool isFolder = !row.isFolder;
-        EXPECT_EQ(PathExists(row.path, &isFolder), row.exists) << testing::PrintToString(row.path);
-        EXPECT_EQ(isFolder, row.isFolder) << testing::PrintToString(row.path);
+        EXPECT_EQ(PathExists(row.path, &isFolder), row.exists) << row.path.Text();
+        EXPECT_EQ(isFolder, row.isFolder) << row.path.Text();
     }
     EXPECT_TRUE(IsFile(folder + L"a\\file"));
     EXPECT_FALSE(IsFile(deep));
@@ -48,7 +48,7 @@ TEST_F(XFileSystem, FoldersAreMadeFoundAndRemoved) {
 
 TEST_F(XFileSystem, RootsAreNeverDeleted) {
     for (const wchar_t* root : {L"", L"C:", L"Q:\\", L"\\\\?\\Q:\\"})
-        EXPECT_FALSE(DeleteTree(root)) << testing::PrintToString(XString(root));
+        EXPECT_FALSE(DeleteTree(root)) << root;
 }
 
 TEST_F(XFileSystem, ReadOnlyFilesAreDeleted) {
@@ -99,13 +99,7 @@ TEST_F(XFileSystem, WalksPassOverDots) {
     }
 }
 
-TEST_F(XFileSystem, SpecialFoldersEndInABackslash) {
-    for (const int id : {5, 13, 26, 0x5000, 0x5001, 0x5002, 0x5003, 0x5004}) {
-        const XString path = GetSpecialFolder(id);
-        EXPECT_EQ(path.CharAt(XSTR_END), L'\\') << id;
-        EXPECT_NE(path.CharAt(path.Count() - 1), L'\\') << id;
-        EXPECT_FALSE(path == L"C:\\Error\\") << id;
-    }
+TEST_F(XFileSystem, UnknownSpecialFoldersHaveAStandIn) {
     EXPECT_EQ(GetSpecialFolder(0x5005), L"C:\\Error\\");
     EXPECT_EQ(GetSpecialFolder(0x5005, L"D:\\x"), L"D:\\x\\");
     EXPECT_EQ(GetSpecialFolder(0x5005, L""), L"");

@@ -2,7 +2,6 @@
 #include "foundation/XFile.h"
 
 #include "TestFolder.h"
-#include "foundation/XHandles.h"
 #include "foundation/XPath.h"
 #include "foundation/XTempFile.h"
 #include "foundation/XThread.h"
@@ -99,23 +98,6 @@ TEST_F(XFileOnDisk, ReadingGoesOnBehindTheLine) {
     char rest[10] = {};
     EXPECT_EQ(file.Read(rest, 9), 4u);
     EXPECT_STREQ(rest, "rest");
-}
-
-TEST_F(XFileOnDisk, LinesComeFromPipesToo) {
-    XFile readEnd;
-    HANDLE write = nullptr;
-    ASSERT_TRUE(CreatePipe(&readEnd.handle, &write, nullptr, 0));
-    readEnd.ownsHandle = true;
-    XKernelHandle writeEnd(write);
-    DWORD done = 0;
-    ASSERT_TRUE(WriteFile(write, "a\r\nb\n", 5, &done, nullptr));
-    writeEnd.Reset();
-    XString line;
-    EXPECT_TRUE(readEnd.ReadLine(line, false));
-    EXPECT_EQ(line, L"a");
-    EXPECT_TRUE(readEnd.ReadLine(line, false));
-    EXPECT_EQ(line, L"b");
-    EXPECT_FALSE(readEnd.ReadLine(line, false));
 }
 
 // The box is answered from a thread: first Retry, then Cancel.

@@ -43,7 +43,7 @@ TEST(XKeyValueList, Grammar) {
         {L"-k 1  2 -k 3", L"{k|1}{k|3}"},
     };
     for (const Row& row : rows)
-        EXPECT_EQ(Shown(XKeyValueList(row.text)), row.expected) << testing::PrintToString(XString(row.text));
+        EXPECT_EQ(Shown(XKeyValueList(row.text)), row.expected) << row.text;
     EXPECT_EQ(Shown(XKeyValueList(L"-a -b", 2)), L"{b|}");
     EXPECT_EQ(Shown(XKeyValueList(L"-a", 9)), L"");
 }
@@ -76,7 +76,7 @@ TEST(XKeyValueList, CommandLines) {
     for (const Case& one : cases) {
         XKeyValueList list;
         list.ParseCommandLine(one.line);
-        EXPECT_EQ(Shown(list), one.options) << testing::PrintToString(XString(one.line));
+        EXPECT_EQ(Shown(list), one.options) << one.line;
         EXPECT_EQ(CommandLineTail(one.line), one.tail);
     }
 }

@@ -29,11 +29,11 @@ TEST(XPath, PartsOfAPath) {
     };
     for (const Row& row : rows) {
         const XString path(row.path);
-        EXPECT_EQ(FolderOf(path), row.folder) << testing::PrintToString(path);
-        EXPECT_EQ(NameOf(path), row.name) << testing::PrintToString(path);
-        EXPECT_EQ(StripExtension(path), row.stripped) << testing::PrintToString(path);
-        EXPECT_EQ(NameWithoutExtension(path), row.bareName) << testing::PrintToString(path);
-        EXPECT_EQ(ExtensionOf(path), row.extension) << testing::PrintToString(path);
+        EXPECT_EQ(FolderOf(path), row.folder) << path.Text();
+        EXPECT_EQ(NameOf(path), row.name) << path.Text();
+        EXPECT_EQ(StripExtension(path), row.stripped) << path.Text();
+        EXPECT_EQ(NameWithoutExtension(path), row.bareName) << path.Text();
+        EXPECT_EQ(ExtensionOf(path), row.extension) << path.Text();
     }
     EXPECT_EQ(AddBackslash(L""), L"\\");
     EXPECT_EQ(AddBackslash(L"a\\"), L"a\\");
@@ -64,10 +64,10 @@ TEST(XPath, RootsAndPopping) {
     for (const Row& row : rows) {
         XString path(row.path);
         XString out(L"old");
-        EXPECT_EQ(RootEnd(path), row.root) << testing::PrintToString(path);
+        EXPECT_EQ(RootEnd(path), row.root) << path.Text();
         PopLastFolder(out, path);
-        EXPECT_EQ(out, row.out) << testing::PrintToString(XString(row.path));
-        EXPECT_EQ(path, row.rest) << testing::PrintToString(XString(row.path));
+        EXPECT_EQ(out, row.out) << row.path;
+        EXPECT_EQ(path, row.rest) << row.path;
     }
 }
 

@@ -38,7 +38,7 @@ TEST(XString, ReadsIntegers) {
         {L"18446744073709551617", 1}, // wraps
     };
     for (const Row& row : rows)
-        EXPECT_EQ(XString(row.text).ToInt(), row.expected) << testing::PrintToString(XString(row.text));
+        EXPECT_EQ(XString(row.text).ToInt(), row.expected) << row.text;
 }
 
 TEST(XString, WritesReals) {

@@ -31,8 +31,7 @@ TEST(XSystemText, RegistryTexts) {
         ASSERT_EQ(RegSetValueExW(key.Get(), row.name, 0, row.type, reinterpret_cast<const BYTE*>(row.stored),
                                  row.bytes),
                   0);
-        EXPECT_EQ(ReadRegistryText(HKEY_CURRENT_USER, subkey, row.name), row.expected)
-            << testing::PrintToString(XString(row.name));
+        EXPECT_EQ(ReadRegistryText(HKEY_CURRENT_USER, subkey, row.name), row.expected) << row.name;
     }
     EXPECT_EQ(ReadRegistryText(HKEY_CURRENT_USER, subkey, L"missing"), L"");
     EXPECT_EQ(ReadRegistryText(HKEY_CURRENT_USER, L"Software\\TonemillNoSuchKey", L""), L"");

@@ -26,23 +26,6 @@ void IgnoresQuit(XEvent*, void* argument) {
 
 } // namespace
 
-TEST(XEvent, SetIsSeenByEveryHandleOfTheName) {
-    XEvent none;
-    none.Set();
-    EXPECT_FALSE(none.IsSet());
-    XEvent first;
-    XEvent second;
-    first.Create(L"tm-test-event");
-    second.Create(L"tm-test-event");
-    EXPECT_FALSE(first.existed);
-    EXPECT_TRUE(second.existed);
-    first.Set();
-    EXPECT_TRUE(second.IsSet());
-    EXPECT_TRUE(second.IsSet()); // manual reset
-    second.Reset();
-    EXPECT_FALSE(first.IsSet());
-}
-
 TEST(XMutex, OneThreadAtATime) {
     XMutex none;
     none.Lock();
