@@ -46,7 +46,7 @@ TEST_F(Catalogue, FindsByExtension) {
     Place(L"lacking", L"decoder\\a lacking.dll");
     Place(L"barren", L"decoder\\b barren.dll");
     Place(L"silent", L"decoder\\c silent.dll");
-    PlaceText("no library", L"decoder\\d text.dll");
+    Put(L"decoder\\d text.dll", "no library", 10);
     ASSERT_TRUE(CreateDirectoryW(folder + L"decoder\\e folder.dll", nullptr));
     struct Row {
         const wchar_t* path;
@@ -59,8 +59,7 @@ TEST_F(Catalogue, FindsByExtension) {
         {L"C:\\x\\song.never", false},
     };
     for (const Row& row : rows)
-        EXPECT_EQ(TakerOf(row.path), row.taken ? good : XString())
-            << testing::PrintToString(XString(row.path));
+        EXPECT_EQ(TakerOf(row.path), row.taken ? good : XString()) << row.path;
     // Names fold in the registry: the first spelling stays.
     EXPECT_EQ(Cached(L".aaa"), good);
     EXPECT_EQ(Cached(L".aaaa"), XString());
@@ -85,7 +84,7 @@ TEST_F(Catalogue, StaleCacheIsTriedAndOverwritten) {
     for (const XString& stale :
          {folder + L"decoder\\gone.dll", silent, XString(L"C:\\"), XString(L"nonsense")}) {
         Remember(L".aaa", stale);
-        EXPECT_EQ(TakerOf(L"x.aaa"), good) << testing::PrintToString(stale);
+        EXPECT_EQ(TakerOf(L"x.aaa"), good) << stale.Text();
         EXPECT_EQ(Cached(L".aaa"), good);
     }
     // Where the scan finds nothing the old entry stays.

@@ -39,7 +39,7 @@ TEST(EffectChain, ReadsTextByNumber) {
         XArray<clChainEntry> chain;
         chain.AddNew()->name = L"old";
         EffectChainFromText(chain, row.text);
-        EXPECT_EQ(Shown(chain), XString(row.entries)) << testing::PrintToString(XString(row.text));
+        EXPECT_EQ(Shown(chain), XString(row.entries)) << row.text;
     }
 }
 

@@ -60,14 +60,16 @@ TEST_F(Codec, ExtensionIsTheEncodersAnswer) {
     EXPECT_EQ(GetEncoderExtension(L"Gone"), XString());
 }
 
+XString Shown(const clRecipe& recipe) {
+    return DecimalText(static_cast<std::int64_t>(recipe.mode)) + L"|" + recipe.folder + L"|" + recipe.naming +
+           L"|" + recipe.encoderSettings + L"|" + recipe.effects;
+}
+
 TEST_F(Codec, RecipesComeBackAndAbsentOnesAreDefaults) {
     const XString item = ProfileItemText(L"Car", L"Fake");
-    const clRecipe fresh = ReadRecipe(item);
-    EXPECT_EQ(fresh.mode, outputSourceFolder);
-    EXPECT_EQ(fresh.folder, GetSpecialFolder(CSIDL_MYMUSIC));
-    EXPECT_EQ(fresh.naming, XString(L"[artist]\\[artist] - [title]"));
-    EXPECT_TRUE(fresh.encoderSettings.IsEmpty() && fresh.effects.IsEmpty());
-
+    EXPECT_EQ(Shown(ReadRecipe(item)), DecimalText(outputSourceFolder) + L"|" +
+                                           GetSpecialFolder(CSIDL_MYMUSIC) +
+                                           L"|[artist]\\[artist] - [title]||");
     clRecipe recipe;
     recipe.encoderSettings = L"-q=\"5\"";
     recipe.mode = outputDynamic;
@@ -75,12 +77,7 @@ TEST_F(Codec, RecipesComeBackAndAbsentOnesAreDefaults) {
     recipe.naming = L"[title]";
     recipe.effects = L"-dspeffect1=\"A=1\"";
     WriteRecipe(item, recipe);
-    const clRecipe back = ReadRecipe(item);
-    EXPECT_EQ(back.encoderSettings, recipe.encoderSettings);
-    EXPECT_EQ(back.mode, recipe.mode);
-    EXPECT_EQ(back.folder, recipe.folder);
-    EXPECT_EQ(back.naming, recipe.naming);
-    EXPECT_EQ(back.effects, recipe.effects);
+    EXPECT_EQ(Shown(ReadRecipe(item)), Shown(recipe));
     EXPECT_TRUE(ReadRecipe(L"Fake").effects.IsEmpty()); // the encoder's own item is another
     RegWriteString(L"2", Setting::outputMode, nullptr, EncoderKeyPath(item));
     EXPECT_EQ(ReadRecipe(item).mode, 0u);
@@ -109,7 +106,8 @@ TEST_F(Codec, SmartInstallListInAnyLineEnds) {
     XArray<clSmartInstall> records;
     ReadSmartInstallList(records);
     EXPECT_EQ(records.Count(), 0);
-    PlaceText(".a\r\nOne\naddr1\r.b\r\nTwo\r\naddr2\r\n.c\r\nCut", smartInstallFileName);
+    constexpr char list[] = ".a\r\nOne\naddr1\r.b\r\nTwo\r\naddr2\r\n.c\r\nCut";
+    Put(smartInstallFileName, list, sizeof list - 1);
     ReadSmartInstallList(records);
     ASSERT_EQ(records.Count(), 2);
     EXPECT_EQ(records[1].name, XString(L"Two"));
@@ -128,9 +126,7 @@ TEST_F(Codec, IconsComeFromBesideTheLibraryOrTheShell) {
     header[4] = 16;
     header[8] = 32;
     header[12] = header[14] = 1;
-    XFile file(folder + L"DSPs\\Loud.ico");
-    ASSERT_TRUE(file.Open(GENERIC_WRITE, CREATE_ALWAYS) && file.Write(icon, sizeof(icon)));
-    file.Close();
+    Put(L"DSPs\\Loud.ico", icon, sizeof(icon));
     EXPECT_TRUE(GetEffectIcon(library).IsValid());
     EXPECT_TRUE(GetEncoderIcon(L".txt", library).IsValid());
     EXPECT_TRUE(GetEncoderIcon(L".txt", EncoderLibraryPath(L"Gone")).IsValid());

@@ -95,11 +95,10 @@ TEST_F(HandOff, WhatIsTaken) {
         EXPECT_TRUE(SetFileAttributesW(HandOffPath(), attributes));
         SetEvent(event.Get());
         files.Clear();
-        const XString name(row.content.data());
-        EXPECT_EQ(ReceiveHandOff(event.Get(), files), row.isTaken) << testing::PrintToString(name);
+        EXPECT_EQ(ReceiveHandOff(event.Get(), files), row.isTaken) << row.content.data();
         EXPECT_EQ(Joined(files), XString(row.files));
-        EXPECT_EQ(IsSignalled(event), !row.isTaken) << testing::PrintToString(name);
-        EXPECT_EQ(PathExists(HandOffPath()), !row.isTaken) << testing::PrintToString(name);
+        EXPECT_EQ(IsSignalled(event), !row.isTaken) << row.content.data();
+        EXPECT_EQ(PathExists(HandOffPath()), !row.isTaken) << row.content.data();
     }
 }
 

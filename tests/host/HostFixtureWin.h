@@ -1,19 +1,15 @@
 // A registry key and a plug-in folder of a test's own.
 #pragma once
 
-#include "foundation/XString.h"
+#include "tests/foundation/TestFolder.h"
 
-#include <gtest/gtest.h>
-
-class HostTest : public testing::Test {
+class HostTest : public TestFolder {
 protected:
     void SetUp() override;
     void TearDown() override;
 
     // Copies one of the test plug-ins to `place` below the folder ("decoder\\x.dll"); returns its path.
     XString Place(const wchar_t* fake, const wchar_t* place);
-    void PlaceText(const char* text, const wchar_t* place);
 
-    XString folder; // with its backslash
     XString registryPath;
 };

@@ -20,7 +20,7 @@ TEST(EncoderItem, NameOfItemText) {
         {L"\"a\" b", L"\"a\" b", false},
     };
     for (const Row& row : rows) {
-        EXPECT_EQ(EncoderNameOf(row.item), XString(row.encoder)) << testing::PrintToString(XString(row.item));
+        EXPECT_EQ(EncoderNameOf(row.item), XString(row.encoder)) << row.item;
         EXPECT_EQ(IsProfileItem(row.item), row.profile);
     }
     EXPECT_EQ(EncoderNameOf(ProfileItemText(L"a\"b", L"Ogg")), XString(L"Ogg"));
