@@ -41,8 +41,8 @@ constexpr TextRow texts[] = {
 TEST(CheckRules, Texts) {
     for (const TextRow& row : texts) {
         const XString fault = row.fault(row.text);
-        EXPECT_EQ(fault.IsEmpty(), row.told[0] == 0) << testing::PrintToString(fault);
-        EXPECT_TRUE(row.told[0] == 0 || fault.Find(row.told) > 0) << testing::PrintToString(fault);
+        EXPECT_EQ(fault.IsEmpty(), row.told[0] == 0) << fault.Text();
+        EXPECT_TRUE(row.told[0] == 0 || fault.Find(row.told) > 0) << fault.Text();
     }
 }
 

@@ -208,10 +208,6 @@ EXPORT const wchar_t* ENC_RemoveConfigBit(ZtInstance instance, void* parent) {
     panel.returned = panel.settings;
     if (Has(L"line end"))
         panel.returned = L"-a=\"1\"\r\n-b=\"2\"";
-    if (Has(L"odd quote"))
-        panel.returned = L"-a=\"1\" -b=\"2";
-    if (Has(L"worker switch"))
-        panel.returned = L"-priority=\"high\"";
     if (Has(L"refused settings"))
         panel.returned = L"-b=\"1\"";
     if (!Has(L"shared text"))
