@@ -26,6 +26,18 @@ void IgnoresQuit(XEvent*, void* argument) {
 
 } // namespace
 
+TEST(XEvent, StaysSetForEveryHandleOfItsName) {
+    XEvent first, second;
+    first.Create(L"tm-test-event");
+    second.Create(L"tm-test-event");
+    EXPECT_TRUE(second.existed);
+    first.Set();
+    EXPECT_TRUE(second.IsSet());
+    EXPECT_TRUE(second.IsSet()); // until it is reset
+    second.Reset();
+    EXPECT_FALSE(first.IsSet());
+}
+
 TEST(XMutex, OneThreadAtATime) {
     XMutex none;
     none.Lock();
