@@ -50,6 +50,7 @@ TEST(XString, OutgrowsItsInlineBuffer) {
         XString text = Repeated(L'x', 127);
         row.grow(text);
         EXPECT_EQ(text.Count(), row.count) << row.what;
+        EXPECT_GT(text.Capacity(), row.count) << row.what;
         EXPECT_EQ(text.Text()[row.count], 0) << row.what;
     }
 }

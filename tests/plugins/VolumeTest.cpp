@@ -24,8 +24,9 @@ TEST(Loudness, MeanOfTheBlocksAboveBothGates) {
         {{{-70.01, 5}, {-INFINITY, 3}, {NAN, 1}}, none},
         {{{-70, 1}}, -70},
         {{{-23, 40}, {-75, 900}}, -23},
-        {{{-20, 100}, {-40, 100}}, -20},    // the relative gate is at -33
-        {{{-20, 1}, {-29, 1}}, -22.496},    // and here it is below both
+        {{{-20, 100}, {-40, 100}}, -20}, // the relative gate is at -33
+        {{{-20, 1}, {-29, 1}}, -22.496}, // and here it is below both
+        {{{-20, 1}, {-31.5, 1}}, -22.713},
         {{{-20, 1}, {-30, 1000}}, -29.961}, // the quiet ones are the programme
         {{{30, 3}, {500, 1}}, 35.119},      // what is too loud counts as +40
         {{{-10, 1'000'000}, {-19.99, 1'000'000}}, -12.5955},
