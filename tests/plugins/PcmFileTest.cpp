@@ -97,6 +97,8 @@ TEST(PcmFiles, ChangeWhatTheirSettingsSay) {
         const std::size_t at = TextOf(encoder.bytes).find("fmt ") + 8;
         EXPECT_EQ(LittleAt(encoder.bytes, at + 2, 2), row.channels);
         EXPECT_EQ(LittleAt(encoder.bytes, at + 4, 4), row.frequency);
+        EXPECT_EQ(LittleAt(encoder.bytes, at + 8, 4), row.frequency * row.channels * row.bits / 8);
+        EXPECT_EQ(LittleAt(encoder.bytes, at + 12, 2), row.channels * row.bits / 8);
         EXPECT_EQ(LittleAt(encoder.bytes, at + 14, 2), row.bits);
         EXPECT_EQ(LittleAt(encoder.bytes, TextOf(encoder.bytes).find("data") + 4, 4),
                   row.frames * row.channels * row.bits / 8);
