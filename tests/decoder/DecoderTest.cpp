@@ -2,6 +2,7 @@
 // nor the end-to-end tests, which judge samples and damage, ask of it.
 #include "contract/Keys.h"
 #include "foundation/XArray.h"
+#include "foundation/XTagList.h"
 #include "host/clZtDecoder.h"
 #include "tests/foundation/TestFolder.h"
 
@@ -104,6 +105,41 @@ TEST_F(DecoderLibrary, TellsWhatIsTruncated) {
     std::vector<std::int32_t> samples;
     EXPECT_LT(DecodeAll(Put(L"a.wav", file.data(), static_cast<DWORD>(file.size())), samples), 0);
     EXPECT_GT(LastError().Find(L"truncated: it ends after 75000 of 176400 frames"), 0) << LastError().Text();
+}
+
+// Two kinds of tags side by side, a cover of an unusual kind, and what has no place in the list.
+TEST_F(DecoderLibrary, JoinsTagsAndNamesWhatStaysBehind) {
+    using namespace std::string_literals;
+    const auto chunk = [](const std::string& id, const std::string& content) { // below 256 bytes
+        return id + static_cast<char>(content.size()) + "\0\0\0"s + content +
+               std::string(content.size() % 2, '\0');
+    };
+    const auto frame = [](const std::string& id, const std::string& content) { // below 128 bytes
+        return id + "\0\0\0"s + static_cast<char>(content.size()) + "\0\0"s + content;
+    };
+    const std::string frames = frame("TIT2", "\0Song"s) + frame("POPM", "me\0\xC4"s) +
+                               frame("APIC", "\0image/pjpeg\0\3\0\xFF\xD8\xFF\xE0"s);
+    const std::string chunks = "WAVE" + chunk("fmt ", "\1\0\1\0\x44\xAC\0\0\x88\x58\1\0\2\0\x10\0"s) +
+                               chunk("data", std::string(200, '\1')) +
+                               chunk("LIST", "INFO" + chunk("IART", "Band\0"s) + chunk("INAM", "Other\0"s) +
+                                                 chunk("ICOP", "Us\0"s)) +
+                               chunk("id3 ", "ID3\3\0\0\0\0\0"s + static_cast<char>(frames.size()) + frames);
+    const auto size = static_cast<std::uint32_t>(chunks.size());
+    const std::string file = "RIFF" + std::string(reinterpret_cast<const char*>(&size), sizeof size) + chunks;
+    const XString path = Put(L"a.wav", file.data(), static_cast<DWORD>(file.size()));
+    DecoderOpenBlock open{};
+    open.path = path;
+    open.wanted = ztOpenAll;
+    ASSERT_TRUE(decoder.Open(decoder.instance, &open)) << LastError().Text();
+    XTagList tags;
+    tags.Deserialize(open.tagData, open.tagDataSize);
+    EXPECT_EQ(tags.Get(L"title"), L"Song");
+    EXPECT_EQ(tags.Get(L"artist"), L"Band");
+    EXPECT_EQ(tags.Get(L"copyright"), L"Us");
+    EXPECT_EQ(tags.Get(L"picture"), L"3;image/jpeg;");
+    PluginParams parameters{};
+    ASSERT_TRUE(decoder.Get(decoder.instance, ZtKey::information, &parameters));
+    EXPECT_EQ(XString(parameters.text1), L"Not carried over from the source: rating");
 }
 
 TEST_F(DecoderLibrary, ClaimsEachExtensionOnce) {
