@@ -51,6 +51,20 @@ private:
     int version = 0; // of the tag, 0 for none that can be mended
 };
 
+// Older programs write INFO lists in the system's code page; TagLib alone would find no text there.
+class InfoTexts final : public TagLib::RIFF::Info::StringHandler {
+public:
+    TagLib::String parse(const TagLib::ByteVector& data) const override {
+        return FromUtf8(std::string(data.data(), data.size()).c_str()).Text();
+    }
+};
+
+void ReadInfoTextsOurWay() {
+    static const InfoTexts texts;
+    static const bool isSet = (TagLib::RIFF::Info::Tag::setStringHandler(&texts), true);
+    static_cast<void>(isSet);
+}
+
 // What TagLib hands out lives only as long as its own string.
 XString ToText(const TagLib::String& text) {
     return XString(text.toCWString());
@@ -130,6 +144,7 @@ void NameLeftOut(const TagLib::ID3v2::Tag* tag, TagFacts& facts) {
 }
 
 bool AddAll(const XString& path, XTagList& tags, XTagList& pictures, TagFacts& facts) {
+    ReadInfoTextsOurWay();
     const XString prefixed = LongPath(path, longFileLimit);
     MendedFile stream(prefixed);
     const TagLib::FileRef file(&stream, false);

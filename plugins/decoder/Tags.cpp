@@ -138,11 +138,22 @@ void AddLeftOut(TagFacts& facts, const wchar_t* what) {
 
 XString FromUtf8(const char* text) {
     XString result;
-    const int units = text ? MultiByteToWideChar(CP_UTF8, 0, text, -1, nullptr, 0) : 0;
+    if (!text)
+        return result;
+    constexpr UINT western = 1252;
+    const UINT system = GetACP();
+    UINT page = CP_UTF8;
+    DWORD flags = MB_ERR_INVALID_CHARS;
+    int units = MultiByteToWideChar(page, flags, text, -1, nullptr, 0);
+    if (units == 0) {
+        page = system == CP_UTF8 ? western : system;
+        flags = 0;
+        units = MultiByteToWideChar(page, flags, text, -1, nullptr, 0);
+    }
     if (units <= 1)
         return result;
     result.SetLength(units - 1);
-    MultiByteToWideChar(CP_UTF8, 0, text, -1, result.Buffer(), units);
+    MultiByteToWideChar(page, flags, text, -1, result.Buffer(), units);
     return result;
 }
 

@@ -25,4 +25,5 @@ void AddLeftOut(TagFacts& facts, const wchar_t* what);
 // AddTag (TagKeys.h), noting what found no room.
 void TakeTag(const XString& key, const XString& text, XTagList& tags, TagFacts& facts);
 
+// What is no UTF-8 is of older programs, and read in the system's code page.
 [[nodiscard]] XString FromUtf8(const char* text);
