@@ -22,8 +22,7 @@ constexpr int frontCover = 3;
 
 // The kind comes from the bytes, else from what the source says; empty for what is no image.
 XString KindOf(const TagLib::ByteVector& bytes, const XString& stated) {
-    const XString kind =
-        XString(ImageMime(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()));
+    XString kind = XString(ImageMime(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()));
     constexpr int prefix = 6; // "image/"
     if (kind.Count() > prefix)
         return kind;

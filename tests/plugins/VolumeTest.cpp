@@ -139,10 +139,10 @@ double FinePeak(const std::vector<float>& samples, int channels, int channel) {
         }
         for (int frame = -half; frame < frames + half; ++frame) {
             double sum = 0;
-            for (int k = std::max(0, half - 1 - frame); k < 2 * half && frame + k - half + 1 < frames; ++k)
-                sum += kernel[k] *
-                       static_cast<double>(
-                           samples[static_cast<std::size_t>((frame + k - half + 1) * channels + channel)]);
+            for (int k = std::max(0, half - 1 - frame); k < 2 * half && frame + k - half + 1 < frames; ++k) {
+                const int at = (frame + k - half + 1) * channels + channel;
+                sum += kernel[k] * static_cast<double>(samples[static_cast<std::size_t>(at)]);
+            }
             highest = std::max(highest, std::abs(sum));
         }
     }

@@ -326,8 +326,8 @@ void AddAll(XDisplayList& list, const XBuffer& shared, HICON icon) {
 
 // How many more GDI objects this process may have: where the system doesn't count, this does.
 std::size_t TakeAllGdi(std::vector<XGdiObject>& taken) {
-    for (XGdiObject brush(CreateSolidBrush(0)); brush.IsValid(); brush.Reset(CreateSolidBrush(0)))
-        taken.push_back(std::move(brush));
+    while (HBRUSH brush = CreateSolidBrush(0))
+        taken.emplace_back(brush);
     return taken.size();
 }
 
