@@ -26,6 +26,16 @@ void AddDictionary(const AVDictionary* dictionary, XTagList& tags, TagFacts& fac
         facts.unread.AddUnnamed();
 }
 
+// Texts of older programs that are no UTF-8, for which TagLib gives nothing.
+void AddForeignTexts(const AVDictionary* dictionary, XTagList& tags, TagFacts& facts) {
+    XTagList list;
+    const AVDictionaryEntry* entry = nullptr;
+    while ((entry = av_dict_get(dictionary, "", entry, AV_DICT_IGNORE_SUFFIX)))
+        if (MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, entry->value, -1, nullptr, 0) == 0)
+            TakeTag(FromUtf8(entry->key), FromUtf8(entry->value), list, facts);
+    tags.Merge(list);
+}
+
 // What the chunk of broadcast waves, which TagLib doesn't read, tells beyond other tags.
 void AddBroadcastChunk(const AVFormatContext& container, XTagList& tags, TagFacts& facts) {
     static constexpr const char* names[] = {"comment",        "date", "originator_reference",
@@ -170,6 +180,8 @@ TagFacts CollectTags(const AudioStream& source, const XString& path, XTagList& t
         AddDictionary(source.Container()->metadata, tags, facts);
         AddDictionary(source.Stream()->metadata, tags, facts); // Ogg keeps its comments at the stream
     } else {
+        AddForeignTexts(source.Container()->metadata, tags, facts);
+        AddForeignTexts(source.Stream()->metadata, tags, facts);
         AddBroadcastChunk(*source.Container(), tags, facts);
         if (date && !tags.Get(L"year").IsEmpty() && FromUtf8(date->value).StartsWith(tags.Get(L"year")) &&
             !std::strchr(date->value, ';'))               // of Vorbis comments: several dates

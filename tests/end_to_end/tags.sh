@@ -80,6 +80,8 @@ ape = APEv2()
 ape['Cover Art (Front)'] = APEBinaryValue(b'\0' + cover)
 ape.save(copy('ape-none', 'wv'))
 PYTHON
+metaflac --set-tag=TITLE=Fine --set-tag=ARTIST=KXnstler "$work/covers/flac-old.flac"
+LC_ALL=C sed -i 's/KXnstler/K\xFCnstler/' "$work/covers/flac-old.flac" # in a code page, which nobody allows
 convert --to FLAC --out "$work/covered" "$work"/covers/*
 expect_converted 9 0
 for flac in "$work"/covered/*.flac; do
@@ -92,6 +94,7 @@ expect_all() { # FILE TAGS, sorted
     tags=$(metaflac --export-tags-to=- "$work/covered/$1.flac" | sort | paste -sd '|')
     [ "$tags" = "$2" ] || fail "$1 has $tags"
 }
+expect_all flac-old 'ARTIST=Künstler|TITLE=Fine'
 expect_all id3-usual 'MIXER=Mixer|PRODUCER=Pro'
 expect_all mp4-none 'NARRATOR=Reader|OWN=free|SYNOPSIS=Long'
 expect_all asf-old 'ARTIST=First|ARTIST=Second|OWN=free'
