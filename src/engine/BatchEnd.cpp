@@ -1,7 +1,6 @@
 // The lists of a batch's results and errors as effects read them.
 #include "engine/BatchEnd.h"
 
-#include <string_view>
 #include <unordered_map>
 
 namespace {
@@ -10,12 +9,6 @@ constexpr int longestErrors = 4096; // units: a worker may flood, and the first 
 
 XString RowHead(std::int64_t index) {
     return L"file" + DecimalText(index + 1) + L"_";
-}
-
-// As long as the text lives.
-std::string_view BytesOf(const XString& text) {
-    return {reinterpret_cast<const char*>(text.Text()),
-            static_cast<std::size_t>(text.Count()) * sizeof(wchar_t)};
 }
 
 void AddErrors(XString& text, const XStringArray& lines) {

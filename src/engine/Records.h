@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 // Pipes, events, process and command file of a slot's worker; the record itself knows no handle.
 struct clWorkerLink;
@@ -39,6 +40,12 @@ struct clConversionSetup {
     XString extension;      // with its dot; ".IGNORE" switches the overwrite check off
     XString chainText;
 };
+
+// To find records by their paths; as long as the text lives.
+[[nodiscard]] inline std::string_view BytesOf(const XString& text) noexcept {
+    return {reinterpret_cast<const char*>(text.Text()),
+            static_cast<std::size_t>(text.Count()) * sizeof(wchar_t)};
+}
 
 struct clJobReport {
     XString source;

@@ -3,8 +3,6 @@
 
 #include "naming/OutputPath.h"
 
-#include <string_view>
-
 namespace {
 
 constexpr wchar_t ignoredExtension[] = L".IGNORE"; // of encoders that write no file of that name
@@ -30,9 +28,7 @@ void AddLogEntry(XArray<clLogEntry>& log, const XString& codecName, clJobReport&
 }
 
 std::size_t HashOf(const XString& text) {
-    const std::string_view bytes(reinterpret_cast<const char*>(text.Text()),
-                                 static_cast<std::size_t>(text.Count()) * sizeof(wchar_t));
-    return std::hash<std::string_view>()(bytes);
+    return std::hash<std::string_view>()(BytesOf(text));
 }
 
 } // namespace
